@@ -1,0 +1,66 @@
+// The script control: language, named objects, added code, running procedures, the last error.
+#pragma once
+
+#include "Builtins.h"
+#include "Host.h"
+#include "Value.h"
+
+#include <memory>
+#include <span>
+#include <vector>
+
+namespace vbs {
+
+struct ErrorInfo {
+    int32_t number = 0;
+    String description;
+    String source;     // "Microsoft VBScript runtime error", "... compilation error" or the raiser's
+    String text;       // the source line of the error
+    int line = 0;      // 1-based within the added code that holds the failing statement
+    int column = 0;    // 1-based
+};
+
+class ScriptControl {
+public:
+    ScriptControl();
+    ~ScriptControl();
+    ScriptControl(const ScriptControl&) = delete;
+    ScriptControl& operator=(const ScriptControl&) = delete;
+
+    // Only "VBScript" (any case) is accepted; returns false otherwise.
+    bool setLanguage(const String& language);
+    const String& language() const;
+
+    // A named object: scripts reach it by name. With addMembers its members are also
+    // reachable without the object's name.
+    void addObject(const String& name, Ref<Dispatch> object, bool addMembers = false);
+    // Compiles the code and runs its top-level statements. False on a compile or run-time
+    // error (see error()).
+    bool addCode(std::u16string_view code);
+    // Calls a Sub or Function by name; args are passed by value. result receives a Function's
+    // value. False on error.
+    bool run(std::u16string_view procName, std::vector<Value> args, Value* result = nullptr);
+    // Evaluates one expression in the global scope.
+    bool eval(std::u16string_view expression, Value* result);
+
+    const ErrorInfo& error() const;
+    void clearError();
+    // Drops all code, variables and named objects; built-ins stay registered.
+    void reset();
+
+    void setHost(Host* host); // nullptr restores the default host
+    Host& host() const;
+
+    // Built-ins and constants live in the global scope beside the script's names.
+    void registerBuiltins(std::span<const BuiltinDef> table);
+    void registerConstants(std::span<const ConstantDef> table);
+    void registerConstant(std::u16string_view name, Value value);
+
+    // The engine behind the control (for built-ins that need more than CallContext offers).
+    Engine& engine() const { return *m_engine; }
+
+private:
+    std::unique_ptr<Engine> m_engine;
+};
+
+} // namespace vbs

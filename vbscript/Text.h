@@ -1,0 +1,27 @@
+// UTF-8 <-> UTF-16 conversion and the case folding used for VBScript names.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace vbs {
+
+using String = std::u16string;
+
+// Invalid UTF-8 bytes are taken as Windows-1252 characters, so no input is rejected.
+String fromUtf8(std::string_view text);
+// Unpaired surrogates become U+FFFD.
+std::string toUtf8(std::u16string_view text);
+
+// Simple (one code unit to one code unit) lower-casing, enough for identifiers and
+// for LCase/UCase outside the rare multi-unit mappings.
+char16_t foldChar(char16_t c);
+char16_t upperChar(char16_t c);
+String foldCase(std::u16string_view text);
+String upperCase(std::u16string_view text);
+bool equalsNoCase(std::u16string_view a, std::u16string_view b);
+
+// ASCII-only helper for literals in C++ code: u"..." is usually nicer, this is for std::string.
+String fromAscii(std::string_view text);
+
+} // namespace vbs
