@@ -10,10 +10,13 @@ namespace {
 // Stands for a line boundary while script lines are joined into one line.
 const QString kBoundary = QStringLiteral("% /%");
 
-QString repeated(int count) { return kBoundary.repeated(count); }
+QString repeated(int count) {
+    return kBoundary.repeated(count);
+}
 
 void replaceTimes(QString& text, const QString& from, const QString& to, int times) {
-    for (int i = 0; i < times; ++i) text.replace(from, to);
+    for (int i = 0; i < times; ++i)
+        text.replace(from, to);
 }
 
 } // namespace

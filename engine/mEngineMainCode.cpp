@@ -34,7 +34,8 @@ QString buildMainCode(const QString& line, bool* hasSource) {
     if (!*hasSource) return {};
 
     // Explicit files first, in their order, then the folders' files.
-    const QString working = folderList.isEmpty() ? explicitFiles : explicitFiles + u';' + folderList;
+    const QString working =
+        folderList.isEmpty() ? explicitFiles : explicitFiles + u';' + folderList;
     QString code;
     QString lastFolder;
     for (QString entry : (working + u';').split(u';')) {

@@ -30,8 +30,8 @@ bool unreadable(const QString& path, const QString& text) {
 // Replaces each "<switch><path>" by the file's text (converted by `convert`) until none is left.
 // A missing file makes the switch vanish; an existing empty file leaves the line unchanged, so
 // the loop asks again, and without a guard never ends.
-void expandFileSwitch(QString& line, const QString& switchName,
-                      QString (*convert)(const QString&), const RunOptions& options) {
+void expandFileSwitch(QString& line, const QString& switchName, QString (*convert)(const QString&),
+                      const RunOptions& options) {
     while (has(line, switchName) && mayContinue(options)) {
         const QString path = switchValue(line, switchName);
         const QString whole = switchName + path;
@@ -97,7 +97,7 @@ RunPlan prepareBatch(QString line, const RunOptions& options) {
     plan.script = script;
     plan.exitAfterRun = has(line, QStringLiteral("/exit"));
     plan.next = has(line, QStringLiteral("/showscriptwindow")) ? RunPlan::Next::OpenWindow
-                                                                : RunPlan::Next::Run;
+                                                               : RunPlan::Next::Run;
     return plan;
 }
 
@@ -127,7 +127,8 @@ RunPlan prepareRun(const QString& commandLine, const RunOptions& options) {
         plan.line = line;
         return plan;
     }
-    if (has(line, QStringLiteral("/scriptfile:")) || !has(line, QStringLiteral("/showscriptwindow")))
+    if (has(line, QStringLiteral("/scriptfile:")) ||
+        !has(line, QStringLiteral("/showscriptwindow")))
         return prepareBatch(line, options);
     return prepareInteractive(line);
 }

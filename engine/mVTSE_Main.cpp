@@ -12,7 +12,8 @@ namespace mVTSE_Main {
 
 QString commandLineFromArguments(int argc, char** argv) {
     QStringList parts;
-    for (int i = 1; i < argc; ++i) parts.append(QString::fromLocal8Bit(argv[i]));
+    for (int i = 1; i < argc; ++i)
+        parts.append(QString::fromLocal8Bit(argv[i]));
     return TextCodec::toCrLf(parts.join(u' '));
 }
 

@@ -40,13 +40,20 @@ std::vector<Choice> choicesFor(MsgButtons buttons) {
 
 const char* answerName(MsgAnswer answer) {
     switch (answer) {
-    case MsgAnswer::Ok: return "OK";
-    case MsgAnswer::Cancel: return "Cancel";
-    case MsgAnswer::Abort: return "Abort";
-    case MsgAnswer::Retry: return "Retry";
-    case MsgAnswer::Ignore: return "Ignore";
-    case MsgAnswer::Yes: return "Yes";
-    case MsgAnswer::No: return "No";
+    case MsgAnswer::Ok:
+        return "OK";
+    case MsgAnswer::Cancel:
+        return "Cancel";
+    case MsgAnswer::Abort:
+        return "Abort";
+    case MsgAnswer::Retry:
+        return "Retry";
+    case MsgAnswer::Ignore:
+        return "Ignore";
+    case MsgAnswer::Yes:
+        return "Yes";
+    case MsgAnswer::No:
+        return "No";
     }
     return "OK";
 }

@@ -5,8 +5,14 @@
 
 // Button sets, icons and answers carry the numbers VBScript's MsgBox uses, so the script host
 // can pass its arguments through unchanged.
-enum class MsgButtons { OkOnly = 0, OkCancel = 1, AbortRetryIgnore = 2, YesNoCancel = 3, YesNo = 4,
-                        RetryCancel = 5 };
+enum class MsgButtons {
+    OkOnly = 0,
+    OkCancel = 1,
+    AbortRetryIgnore = 2,
+    YesNoCancel = 3,
+    YesNo = 4,
+    RetryCancel = 5
+};
 enum class MsgIcon { None = 0, Critical = 16, Question = 32, Exclamation = 48, Information = 64 };
 enum class MsgAnswer { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
@@ -20,7 +26,8 @@ public:
                                  MsgButtons buttons) = 0;
 
     // A Yes/No/Cancel question; callers proceed only on Yes.
-    MsgAnswer question(const QString& title, const QString& text, MsgIcon icon = MsgIcon::Question) {
+    MsgAnswer question(const QString& title, const QString& text,
+                       MsgIcon icon = MsgIcon::Question) {
         return messageBox(title, text, icon, MsgButtons::YesNoCancel);
     }
     void inform(const QString& title, const QString& text, MsgIcon icon = MsgIcon::None) {

@@ -23,7 +23,9 @@ QString toCrLf(const QString& text);
 QString fromWindows1252(const QByteArray& bytes);
 
 // The script engine works on UTF-16 code units; these are the crossings at its boundary.
-inline std::u16string toScriptText(const QString& text) { return text.toStdU16String(); }
+inline std::u16string toScriptText(const QString& text) {
+    return text.toStdU16String();
+}
 inline QString fromScriptText(std::u16string_view text) {
     return QString::fromUtf16(text.data(), qsizetype(text.size()));
 }

@@ -18,7 +18,9 @@ namespace mFile {
 
 namespace {
 
-bool isSeparator(QChar c) { return c == u'\\' || c == u'/'; }
+bool isSeparator(QChar c) {
+    return c == u'\\' || c == u'/';
+}
 
 fs::path nativeOf(const QString& path) {
     const QByteArray utf8 = path.toUtf8();
@@ -119,7 +121,8 @@ bool matchFrom(const QString& name, qsizetype n, const QString& pattern, qsizety
             return false;
         }
     }
-    while (p < pattern.size() && pattern[p] == u'*') ++p;
+    while (p < pattern.size() && pattern[p] == u'*')
+        ++p;
     return p == pattern.size();
 }
 
@@ -187,7 +190,8 @@ bool writeTextFile(const QString& path, const QString& text) {
 
 QString GetPathPart(const QString& path, int part) {
     qsizetype cut = path.size() - 1;
-    while (cut >= 0 && !isSeparator(path[cut])) --cut;
+    while (cut >= 0 && !isSeparator(path[cut]))
+        --cut;
     if (part == 1) return cut < 0 ? QString() : path.left(cut);
     if (part == 2) return path.mid(cut + 1);
     messages().inform(QString(), QStringLiteral("There was an error, please contact Kestrane as to "
@@ -236,8 +240,7 @@ QString FormatFileSize(const QString& path, int unitLevel, bool grouped) {
         return QString::number(value, 'g', 15).toUpper() + unit;
     }
     // Halves round away from zero, as the number formats of the original platform do.
-    if (level <= 1)
-        return groupThousands(QString::number(std::llround(value))) + unit;
+    if (level <= 1) return groupThousands(QString::number(std::llround(value))) + unit;
     const long long cents = std::llround(value * 100.0);
     return groupThousands(QString::number(cents / 100)) + u'.' +
            QStringLiteral("%1").arg(cents % 100, 2, 10, QChar(u'0')) + unit;

@@ -28,26 +28,38 @@ constexpr int kFileNotFound = 2, kPathNotFound = 3, kAccessDenied = 5, kOutOfMem
 // Shell result codes from the reasons a spawn fails.
 int codeForErrno(int error) {
     switch (error) {
-    case ENOENT: return kFileNotFound;
-    case ENOTDIR: return kPathNotFound;
+    case ENOENT:
+        return kFileNotFound;
+    case ENOTDIR:
+        return kPathNotFound;
     case EACCES:
-    case EPERM: return kAccessDenied;
+    case EPERM:
+        return kAccessDenied;
     case ENOMEM:
-    case E2BIG: return kOutOfMemory;
-    case ENOEXEC: return kBadFormat;
-    case ETXTBSY: return kSharingViolation;
-    default: return kOtherFailure;
+    case E2BIG:
+        return kOutOfMemory;
+    case ENOEXEC:
+        return kBadFormat;
+    case ETXTBSY:
+        return kSharingViolation;
+    default:
+        return kOtherFailure;
     }
 }
 
 // xdg-open's exit codes: 1 bad arguments, 2 file missing, 3 no tool for the desktop, 4 failed.
 int codeForOpenerExit(int status) {
     switch (status) {
-    case 0: return 0;
-    case 2: return kFileNotFound;
-    case 3: return kNotAssociated;
-    case 4: return kNoAssociation;
-    default: return kOtherFailure;
+    case 0:
+        return 0;
+    case 2:
+        return kFileNotFound;
+    case 3:
+        return kNotAssociated;
+    case 4:
+        return kNoAssociation;
+    default:
+        return kOtherFailure;
     }
 }
 
@@ -61,7 +73,8 @@ bool isUrl(const QString& document) {
 int spawnAndWait(const std::vector<std::string>& argv, const std::string& folder,
                  bool exitCodeMatters) {
     std::vector<char*> args;
-    for (const std::string& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+    for (const std::string& a : argv)
+        args.push_back(const_cast<char*>(a.c_str()));
     args.push_back(nullptr);
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -70,7 +83,8 @@ int spawnAndWait(const std::vector<std::string>& argv, const std::string& folder
     const int error = posix_spawnp(&pid, args[0], &actions, nullptr, args.data(), environ);
     posix_spawn_file_actions_destroy(&actions);
     // A missing opener means nothing is set up to open documents at all.
-    if (error != 0) return error == ENOENT && exitCodeMatters ? kNotAssociated : codeForErrno(error);
+    if (error != 0)
+        return error == ENOENT && exitCodeMatters ? kNotAssociated : codeForErrno(error);
     for (int waited = 0; waited < 30; ++waited) {
         int status = 0;
         const pid_t done = waitpid(pid, &status, WNOHANG);
@@ -85,7 +99,9 @@ int spawnAndWait(const std::vector<std::string>& argv, const std::string& folder
     return 0;
 }
 
-std::string nativeString(const fs::path& p) { return p.string(); }
+std::string nativeString(const fs::path& p) {
+    return p.string();
+}
 
 // Checks a local document before handing it over, so the common failures get exact messages.
 int checkLocal(const QString& document) {
@@ -108,13 +124,20 @@ ShellError::ShellError(int code, const QString& description)
 QString shellErrorMessage(int code) {
     switch (code) {
     case 0:
-    case 8: return QStringLiteral("Out of memory");
-    case 2: return QStringLiteral("File not found");
-    case 3: return QStringLiteral("Path not found");
-    case 5: return QStringLiteral("Path/file access error");
-    case 11: return QStringLiteral("The executable file is invalid or corrupt");
-    case 26: return QStringLiteral("A sharing violation occurred.");
-    case 27: return QStringLiteral("This file type does not have a valid file association.");
+    case 8:
+        return QStringLiteral("Out of memory");
+    case 2:
+        return QStringLiteral("File not found");
+    case 3:
+        return QStringLiteral("Path not found");
+    case 5:
+        return QStringLiteral("Path/file access error");
+    case 11:
+        return QStringLiteral("The executable file is invalid or corrupt");
+    case 26:
+        return QStringLiteral("A sharing violation occurred.");
+    case 27:
+        return QStringLiteral("This file type does not have a valid file association.");
     case 28:
         return QStringLiteral(
             "The file could not be opened due to time out. Please try again in a moment.");
@@ -124,8 +147,10 @@ QString shellErrorMessage(int code) {
     case 30:
         return QStringLiteral("The file could not be opened because the target application is "
                               "busy. Please try again in a moment.");
-    case 31: return QStringLiteral("No application is associated with this file type.");
-    case 32: return QStringLiteral("The specified dynamic-link library was not found.");
+    case 31:
+        return QStringLiteral("No application is associated with this file type.");
+    case 32:
+        return QStringLiteral("The specified dynamic-link library was not found.");
     default:
         return QStringLiteral(
             "An error occurred occurred whilst trying to open or print the selected file.");
@@ -138,8 +163,8 @@ void ShellOpen(const QString& document, const QString& parameters, const QString
     if (!url) {
         if (const int code = checkLocal(document)) throw ShellError(code, shellErrorMessage(code));
     }
-    const std::string folder = workingFolder.isEmpty() ? std::string()
-                                                       : nativeString(toDisk(workingFolder));
+    const std::string folder =
+        workingFolder.isEmpty() ? std::string() : nativeString(toDisk(workingFolder));
     const std::string target = url ? document.toStdString() : nativeString(toDisk(document));
     int code = 0;
     if (!url && document.toUpper().contains(QStringLiteral(".EXE"))) {

@@ -62,9 +62,13 @@ void SaveSettingBool(const QString& section, const QString& key, bool value) {
     SaveSettingValue(section, key, value ? QStringLiteral("True") : QStringLiteral("False"));
 }
 
-Preferences& preferences() { return g_preferences; }
+Preferences& preferences() {
+    return g_preferences;
+}
 
-bool isLoadingSettings() { return g_loading; }
+bool isLoadingSettings() {
+    return g_loading;
+}
 
 void LoadSettings(bool applyOnly) {
     g_loading = true;
@@ -72,7 +76,8 @@ void LoadSettings(bool applyOnly) {
         g_preferences.SetColorize = GetSettingBool(kSection, QStringLiteral("SetColorize"), true);
         g_preferences.SetAutoComplete =
             GetSettingBool(kSection, QStringLiteral("SetAutoComplete"), true);
-        g_preferences.SetDynamicHelp = GetSettingBool(kSection, QStringLiteral("SetDynamicHelp"), true);
+        g_preferences.SetDynamicHelp =
+            GetSettingBool(kSection, QStringLiteral("SetDynamicHelp"), true);
         g_preferences.SetDynamicPreview =
             GetSettingBool(kSection, QStringLiteral("SetDynamicPreview"), true);
     }
@@ -92,8 +97,12 @@ void SaveSettings() {
     LoadSettings(true);
 }
 
-void setApplySettingsHook(std::function<void()> hook) { g_applyHook = std::move(hook); }
+void setApplySettingsHook(std::function<void()> hook) {
+    g_applyHook = std::move(hook);
+}
 
-void setSettingsFile(const QString& iniPath) { g_settingsFile = iniPath; }
+void setSettingsFile(const QString& iniPath) {
+    g_settingsFile = iniPath;
+}
 
 } // namespace mWindowsAPI

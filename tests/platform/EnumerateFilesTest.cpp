@@ -1,6 +1,6 @@
 // EnumerateFiles on a real folder tree: pattern groups, duplicates, depth-first order.
-#include "platform/mFile.h"
 #include "TempTree.h"
+#include "platform/mFile.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,8 @@ QStringList relative(const TempTree& tree, const QStringList& paths) {
 
 TEST(EnumerateFiles, GroupsByPatternAndKeepsDuplicates) {
     TempTree tree;
-    for (const char* name : {"b.jpg", "a.PNG", "c.jpg", "d.txt", "A.JPEG"}) tree.write(name);
+    for (const char* name : {"b.jpg", "a.PNG", "c.jpg", "d.txt", "A.JPEG"})
+        tree.write(name);
     const QStringList found = EnumerateFiles(tree.path(), "*.png;*.jpg;*.JP*", false);
     EXPECT_EQ(relative(tree, found),
               (QStringList{"a.PNG", "b.jpg", "c.jpg", "A.JPEG", "b.jpg", "c.jpg"}));
@@ -58,7 +59,8 @@ TEST(EnumerateFiles, NoMatchesGiveAnEmptyList) {
 
 TEST(EnumerateFiles, ImageFilterOverAFolderOfMixedFiles) {
     TempTree tree;
-    for (const char* name : {"x.tif", "y.TIFF", "z.jpeg", "w.jpg", "v.pgm", "u.raw"}) tree.write(name);
+    for (const char* name : {"x.tif", "y.TIFF", "z.jpeg", "w.jpg", "v.pgm", "u.raw"})
+        tree.write(name);
     const QString filter = "*.bmp;*.dib;*.gif;*.jpg;*.jpeg;*.tif;*.tiff;*.wmf;*.ico;*.dcx;*.jif;"
                            "*.ljp;*.pbm;*.pcx;*.pgm;*.pic;*.png;*.ppm;*.rle;*.tga;*.wpg";
     EXPECT_EQ(relative(tree, EnumerateFiles(tree.path(), filter, false)),

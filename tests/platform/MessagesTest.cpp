@@ -47,8 +47,8 @@ TEST(Messages, ConsoleQuestionWithoutTerminalTakesNo) {
 TEST(Messages, ConsoleBoxWithoutTitleShowsApplicationTitle) {
     testing::internal::CaptureStderr();
     ConsoleMessages console;
-    EXPECT_EQ(console.messageBox(QString(), QStringLiteral("text"), MsgIcon::None,
-                                 MsgButtons::OkOnly),
-              MsgAnswer::Ok);
+    EXPECT_EQ(
+        console.messageBox(QString(), QStringLiteral("text"), MsgIcon::None, MsgButtons::OkOnly),
+        MsgAnswer::Ok);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Vantorel 3 Caldrith\ntext\n");
 }

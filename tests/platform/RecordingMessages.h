@@ -1,6 +1,7 @@
 // Test double for Messages: records every box and answers from a script of replies.
 #pragma once
 
+#include "QtPrint.h"
 #include "platform/Messages.h"
 
 #include <QList>

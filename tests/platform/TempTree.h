@@ -1,6 +1,8 @@
 // Test helper: a temporary folder tree, with paths handed out in the "\" form.
 #pragma once
 
+#include "QtPrint.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>

@@ -6,7 +6,9 @@
 using namespace TextCodec;
 
 TEST(TextCodec, DecodesUtf8AndDropsByteOrderMark) {
-    EXPECT_EQ(decode(QByteArray("\xEF\xBB\xBF" "caf\xC3\xA9")), QString::fromUtf8("café"));
+    EXPECT_EQ(decode(QByteArray("\xEF\xBB\xBF"
+                                "caf\xC3\xA9")),
+              QString::fromUtf8("café"));
     EXPECT_EQ(decode(QByteArray("\xE2\x82\xAC 5")), QString::fromUtf8("€ 5"));
 }
 

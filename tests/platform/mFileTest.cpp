@@ -29,9 +29,10 @@ TEST(mFilePaths, GetPathPartWithBadPartShowsError0026) {
     EXPECT_EQ(GetPathPart("\\a\\b.jpg", 3), QString());
     EXPECT_EQ(GetPathPart("\\a\\b.jpg", 0), QString());
     ASSERT_EQ(recorder.boxes.size(), 2);
-    EXPECT_EQ(recorder.boxes[0].text,
-              QStringLiteral(
-                  "There was an error, please contact Kestrane as to reagrad a 0026 error. Thank You"));
+    EXPECT_EQ(
+        recorder.boxes[0].text,
+        QStringLiteral(
+            "There was an error, please contact Kestrane as to reagrad a 0026 error. Thank You"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::OkOnly);
 }
 
@@ -65,7 +66,7 @@ TEST(mFileDisk, ExistenceAcceptsBothSeparatorsAndAnyCase) {
     EXPECT_TRUE(FolderExists(tree.path("photos") + u'\\'));
     EXPECT_TRUE(FileExists(tree.path("PHOTOS\\a.JPG")));
     EXPECT_TRUE(FileExists(tree.nativePath("Photos/A.jpg")));
-    EXPECT_FALSE(FileExists(tree.path("Photos")));       // a folder is not a file
+    EXPECT_FALSE(FileExists(tree.path("Photos")));          // a folder is not a file
     EXPECT_FALSE(FolderExists(tree.path("Photos\\A.jpg"))); // and a file is not a folder
     EXPECT_FALSE(FileExists(tree.path("Photos\\B.jpg")));
     EXPECT_FALSE(FileExists(""));
