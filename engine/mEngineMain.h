@@ -68,6 +68,7 @@ struct RunPlan {
     QString line;   // the command line after expansion and the automatic additions
     QString script; // the finished script text
     bool exitAfterRun = false;
+    int fileCount = 0; // ProcessEffects calls generated, for the progress display
     // Interactive start: the text for the command-line view; empty keeps the scripting view.
     QString commandViewText;
 };

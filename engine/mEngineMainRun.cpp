@@ -88,6 +88,7 @@ RunPlan prepareBatch(QString line, const RunOptions& options) {
         bool hasSource = false;
         const QString mainCode = buildMainCode(line, &hasSource);
         if (hasSource) script.replace(kMainCodePlaceholder, mainCode, Qt::CaseInsensitive);
+        plan.fileCount = int(mainCode.count(QStringLiteral("\r\n")));
     }
     if (has(script, kEffectsPlaceholder)) {
         warnAboutMissingSave(line);

@@ -41,6 +41,7 @@ TEST_F(PrepareRun, BatchFillsTheTemplate) {
     const RunPlan plan = prepare("/files:" + a + " /fx.Blur /Fx.Resize 30, 30 /fx.savefile");
     EXPECT_EQ(plan.next, Next::Run);
     EXPECT_FALSE(plan.exitAfterRun);
+    EXPECT_EQ(plan.fileCount, 1);
     EXPECT_EQ(plan.script, "Sub Main\r\nProcessEffects \"" + a +
                                " \"\r\n\r\nEnd Sub\r\n"
                                "Sub ProcessEffects(path)\r\nfx.filename = path\r\n"

@@ -1,0 +1,69 @@
+// The progress window of a batch: state shared by its console line and (later) its Qt window.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QString>
+#include <memory>
+
+// What a backend needs to draw the progress of a batch.
+struct ProgressState {
+    bool visible = false;
+    QString caption;             // the window's caption
+    QString label;               // the text of Label1
+    int fileNumber = 0;          // 1-based number of the photo being converted; 0 before the first
+    int fileCount = 0;           // photos in the batch; 0 when unknown
+    double photosPerSecond = 0;  // finished photos per second of the run so far; 0 when unknown
+    QString currentName() const; // the label without its fixed "Now Converting:" text
+};
+
+// Draws the progress somewhere: a terminal line, a window. Called on every change.
+class ProgressBackend {
+public:
+    virtual ~ProgressBackend() = default;
+    virtual void render(const ProgressState& state) = 0;
+    // Lets the platform handle pending events once (a window repaints; a terminal has none).
+    virtual void processEvents() {}
+};
+
+// A line on stderr while the progress is shown: "file n of N, name, r photos per second",
+// redrawn in place; drawn only when stderr is a terminal, so logs of silent batches stay clean.
+class ConsoleProgressBackend : public ProgressBackend {
+public:
+    ConsoleProgressBackend();
+    ~ConsoleProgressBackend() override;
+    void render(const ProgressState& state) override;
+    static QString progressLine(const ProgressState& state);
+
+private:
+    bool m_terminal;
+    bool m_lineOpen = false;
+};
+
+// The object scripts see as `progress`: Show, Hide, Caption, Label1 and DoXEvents. Each time the
+// label is set a new photo is counted (the template sets it once per photo); the host tells the
+// number of photos with beginRun.
+class frmConvProgress {
+public:
+    explicit frmConvProgress(std::unique_ptr<ProgressBackend> backend = nullptr);
+
+    void Show();
+    void Hide();
+    bool Visible() const { return m_state.visible; }
+    QString Caption() const { return m_state.caption; }
+    void setCaption(const QString& caption);
+    QString labelCaption() const { return m_state.label; } // Label1.Caption
+    void setLabelCaption(const QString& text);
+    void DoXEvents();
+
+    // Start of a batch of fileCount photos (0 = unknown): counting and timing start over.
+    void beginRun(int fileCount);
+    const ProgressState& state() const { return m_state; }
+    void setBackend(std::unique_ptr<ProgressBackend> backend);
+
+private:
+    void render();
+
+    std::unique_ptr<ProgressBackend> m_backend;
+    ProgressState m_state;
+    QElapsedTimer m_clock;
+};
