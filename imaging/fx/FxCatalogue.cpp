@@ -1,0 +1,73 @@
+// Look-ups and range checks over the effect member table.
+#include "imaging/fx/FxCatalogue.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+#include <stdexcept>
+
+#include "imaging/fx/FxError.h"
+
+namespace fx {
+
+namespace {
+
+bool sameName(std::string_view a, std::string_view b) {
+    return a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+               return std::tolower(static_cast<unsigned char>(x)) ==
+                      std::tolower(static_cast<unsigned char>(y));
+           });
+}
+
+std::string numberText(double v) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%g", v);
+    return buf;
+}
+
+} // namespace
+
+const FxMemberInfo* findEffect(std::string_view name) {
+    for (const FxMemberInfo& m : effectCatalogue())
+        if (sameName(m.name, name))
+            return &m;
+    return nullptr;
+}
+
+const FxArgument& findArgument(std::string_view member, std::string_view argument) {
+    const FxMemberInfo* info = findEffect(member);
+    if (info)
+        for (const FxArgument& a : info->arguments)
+            if (a.name == argument)
+                return a;
+    // A programming error of the effects themselves, not of a script.
+    throw std::logic_error("effect table has no argument " + std::string(member) + "." +
+                           std::string(argument));
+}
+
+std::string rangeText(const FxArgument& a) {
+    if (!a.ranged)
+        return "";
+    if (a.type == "colour")
+        return "0 to &HFFFFFF";
+    return numberText(a.min) + " to " + numberText(a.max);
+}
+
+void checkArgument(std::string_view member, std::string_view argument, double value) {
+    const FxArgument& a = findArgument(member, argument);
+    if (!a.ranged || (value >= a.min && value <= a.max && !std::isnan(value)))
+        return;
+    std::string got = a.type == "colour" && value < 0 ? "&H" : "";
+    if (a.type == "colour" && value < 0) {
+        char buf[16];
+        std::snprintf(buf, sizeof buf, "%X", static_cast<unsigned>(static_cast<long long>(value)));
+        got += buf;
+    } else {
+        got = numberText(value);
+    }
+    throwBadArgument(std::string(member), std::string(argument) + " must be " + rangeText(a) +
+                                              " (got " + got + ")");
+}
+
+} // namespace fx

@@ -1,0 +1,40 @@
+// One table describing every effect member: arguments with meaning, range and default, and a
+// one-line description. It feeds the reference document and the effects' own range checks.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace fx {
+
+struct FxArgument {
+    std::string_view name;
+    std::string_view type; // integer, long, boolean, number, string, colour
+    double min = 0;        // inclusive range, checked by checkArgument when ranged
+    double max = 0;
+    bool ranged = false;
+    std::string_view defaultValue; // empty: the script must give it
+    std::string_view meaning;
+};
+
+struct FxMemberInfo {
+    std::string_view name;
+    std::string_view family; // Filters, Distortions, Drawing, Drawing state, Area and merge, Capture
+    std::vector<FxArgument> arguments;
+    std::string_view description;
+};
+
+const std::vector<FxMemberInfo>& effectCatalogue();
+
+// Case-insensitive, as scripts name members; nullptr when the name is not an effect member.
+const FxMemberInfo* findEffect(std::string_view name);
+const FxArgument& findArgument(std::string_view member, std::string_view argument);
+
+// Throws FxError (BadArgument) naming the member, the argument, its range and the value given.
+void checkArgument(std::string_view member, std::string_view argument, double value);
+
+// "2 to 64", "-360 to 360", "0 to &HFFFFFF" for colours: the range as the reference shows it.
+std::string rangeText(const FxArgument& argument);
+
+} // namespace fx
