@@ -13,7 +13,7 @@ TEST(NumberText, RoundHalvesToEven) {
                           {-1.005, 2, -1.0}, {123.456, 1, 123.5}, {0.000123, 3, 0},
                           {99.95, 1, 100.0}, {1e20, 2, 1e20},     {5.0, 10, 5.0}};
     for (const Case& c : cases)
-        EXPECT_DOUBLE_EQ(roundHalfEven(c.value, c.digits), c.expected) << c.value << " " << c.digits;
+        EXPECT_DOUBLE_EQ(roundToDigits(c.value, c.digits), c.expected) << c.value << " " << c.digits;
 }
 
 TEST(NumberText, FormatNumberOptions) {

@@ -1,29 +1,18 @@
-// Dates as en-US text: parsing for CDate/DateValue/TimeValue/IsDate and the standard formats.
+// Dates as en-US text: FormatDateTime's named formats and the month and weekday names.
 #pragma once
 
 #include "OleDate.h"
 
-#include <optional>
 #include <string>
 #include <string_view>
 
 namespace vbs::lib {
 
+// FormatDateTime's named formats; General is CStr's rendering and lives in the core's Value.
 enum class DateFormat { General = 0, LongDate = 1, ShortDate = 2, LongTime = 3, ShortTime = 4 };
 
-// Reads "1/2/2003", "2003-01-02", "January 2, 2003", "2 Jan 03", "10:30 PM", "1/2/2003 22:30:15"
-// and the like (month before day). A date without a year takes currentYear.
-// Returns the serial, or nullopt when the text is not a date.
-std::optional<double> parseDate(std::u16string_view text, int currentYear);
-
-// Whether the parsed text held a date part and a time part.
-struct ParsedDate {
-    double serial = 0;
-    bool hasDate = false;
-    bool hasTime = false;
-};
-std::optional<ParsedDate> parseDateDetailed(std::u16string_view text, int currentYear);
-
+// The en-US long date, short date, long time and short time; General falls back to the short
+// date and long time joined, with either left out when zero.
 std::u16string formatDate(double serial, DateFormat format = DateFormat::General);
 
 // month 1..12, day 1..7 with 1 = Sunday.

@@ -110,7 +110,7 @@ std::u16string radixString(int32_t value, bool integerWidth, unsigned radixBits)
 
 } // namespace
 
-double roundHalfEven(double value, int digits) {
+double roundToDigits(double value, int digits) {
     if (!std::isfinite(value)) return value;
     if (digits <= 0) return std::nearbyint(value);
     Decimal d = toDecimal(value);

@@ -20,7 +20,7 @@ struct NumberFormat {
 
 // Round(number, digits): halves go to the even digit, judged on the number's 15 significant
 // decimal digits so that Round(2.675, 2) is 2.68 as it reads.
-double roundHalfEven(double value, int digits);
+double roundToDigits(double value, int digits);
 
 std::u16string formatNumber(double value, const NumberFormat& format = {});
 std::u16string formatCurrency(double value, const NumberFormat& format = {});
