@@ -1,0 +1,36 @@
+// How a member of the fx object is declared: name, kind, argument conversions, result type,
+// description and handler. One table (FxMemberTable.cpp) drives the dispatch, the command list,
+// the editor's completion and the reference document.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "vbscript/Value.h"
+
+class clsVTEffects;
+
+namespace fx {
+
+enum class MemberKind { Get, Let, Method };
+
+// Argument conversion codes, one letter per script argument, in order:
+//   i 16-bit integer (CInt: 6 Overflow, 13 Type mismatch)   l 32-bit integer (CLng)
+//   f single   d double   b boolean   s string   c colour (CLng, passed by value)
+//   o object   v optional: passed on as the script's variant, the control applies its default
+// The result code of a Get is one of i l b s o.
+using Handler = vbs::Value (*)(clsVTEffects& fx, std::span<vbs::Value*> args);
+
+struct MemberDef {
+    std::u16string_view name;
+    MemberKind kind;
+    std::string_view args;
+    char result; // Get: the result's type; otherwise '-'
+    std::string_view argNames;
+    std::string_view description;
+    Handler handler = nullptr; // nullptr: the control's operation or property of the same name
+};
+
+std::span<const MemberDef> memberTable();
+
+} // namespace fx

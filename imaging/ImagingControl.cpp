@@ -1,0 +1,260 @@
+// The imaging control: dispatch of operations and properties, the current image, undo, clipboard.
+#include "imaging/ImagingControl.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <mutex>
+
+#include "imaging/Property.h"
+#include "imaging/io/Formats.h"
+#include "imaging/io/ImageIo.h"
+
+namespace imaging {
+
+using vips::VImage;
+
+void ensureVipsStarted() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        if (VIPS_INIT("vantorel")) fail(ErrorCode::ProcessingFailed, "libvips failed to start");
+        // Files are re-read after being overwritten in place; a cached decode would be stale.
+        vips_cache_set_max(0);
+    });
+}
+
+ImagingControl::ImagingControl() {
+    ensureVipsStarted();
+    for (const PropertyDef* p : allProperties())
+        if (!p->get || !p->set) m_stored[std::string(p->name)] = defaultValue(*p);
+}
+
+ImagingControl::~ImagingControl() = default;
+
+// Runs one member: clears the last error, and turns every failure into ImagingError with the
+// library's message kept, recording its code for ImagError.
+template <class F> void ImagingControl::guarded(std::string_view what, F&& body) {
+    m_lastError = 0;
+    try {
+        body();
+    } catch (const ImagingError& e) {
+        m_lastError = e.number();
+        throw;
+    } catch (const vips::VError& e) {
+        std::string message = e.what();
+        vips_error_clear();
+        while (!message.empty() && message.back() == '\n') message.pop_back();
+        m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
+        fail(ErrorCode::ProcessingFailed, std::string(what) + " (" + message + ")");
+    } catch (const std::bad_alloc&) {
+        m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
+        fail(ErrorCode::ProcessingFailed, std::string(what) + " (out of memory)");
+    }
+}
+
+void ImagingControl::invoke(std::string_view operation, std::span<const Arg> args) {
+    const OperationDef* def = findOperation(operation);
+    if (!def) {
+        m_lastError = static_cast<int32_t>(ErrorCode::ActionNotSupported);
+        fail(ErrorCode::ActionNotSupported, "'" + std::string(operation) + "'");
+    }
+    guarded(def->name, [&] { runOperation(*def, args); });
+}
+
+void ImagingControl::runOperation(const OperationDef& def, std::span<const Arg> args) {
+    OpArgs checked(def.name, def.params, args);
+    if (def.run) {
+        def.run(*this, checked);
+        return;
+    }
+    applyWith(def.apply, checked, def.flags & OpWholeImage);
+}
+
+void ImagingControl::applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage) {
+    const VImage& in = image();
+    OpContext ctx{m_draw, m_area, storedInt("BackColor")};
+    if (!m_area.enabled || wholeImage) {
+        setImage(fn(in, args, ctx));
+        return;
+    }
+    int x = std::clamp(m_area.x, 0, in.width()), y = std::clamp(m_area.y, 0, in.height());
+    int w = std::clamp(m_area.width, 0, in.width() - x), h = std::clamp(m_area.height, 0, in.height() - y);
+    if (w == 0 || h == 0) return;
+    VImage part = fn(in.crop(x, y, w, h), args, ctx);
+    if (part.bands() != in.bands() || part.format() != in.format())
+        part = part.cast(in.format()).extract_band(0, VImage::option()->set("n", std::min(part.bands(), in.bands())));
+    setImage(in.insert(part, x, y));
+}
+
+const VImage& ImagingControl::image() const {
+    if (!m_hasImage) fail(ErrorCode::NoImage, "load a file first");
+    return m_image;
+}
+
+void ImagingControl::setImage(VImage image) {
+    if (m_hasImage && storedBool("UndoEnabled")) m_undo.assign(1, m_image);
+    m_image = std::move(image);
+    m_hasImage = true;
+    m_source.untouched = false;
+    m_bitsPerPixel = bitsPerPixelOf(m_image);
+    m_greyPalette = false;
+}
+
+void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {
+    m_bitsPerPixel = bits;
+    m_greyPalette = greyPalette;
+}
+
+void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
+    const VImage& in = image();
+    VImage base = in;
+    bool shrunk = false;
+    if (smooth && width <= in.width() && height <= in.height()) {
+        VImage reopened = reopenShrunk(m_source, in, width, height);
+        if (!reopened.is_null()) {
+            base = reopened;
+            shrunk = true;
+        }
+    }
+    double hs = double(width) / base.width(), vs = double(height) / base.height();
+    auto kernel = smooth ? VIPS_KERNEL_LANCZOS3 : VIPS_KERNEL_NEAREST;
+    VImage out = base.resize(hs, VImage::option()->set("vscale", vs)->set("kernel", kernel));
+    if (out.width() != width || out.height() != height)
+        out = out.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
+    // A sequentially decoded image can be read only once, top to bottom: keep the small result.
+    if (shrunk) out = out.copy_memory();
+    setImage(out);
+}
+
+void ImagingControl::copyToClipboard() {
+    const VImage& in = image();
+    if (m_area.enabled && m_area.width > 0 && m_area.height > 0) {
+        int x = std::clamp(m_area.x, 0, in.width() - 1), y = std::clamp(m_area.y, 0, in.height() - 1);
+        m_clipboard = in.crop(x, y, std::min(m_area.width, in.width() - x), std::min(m_area.height, in.height() - y));
+    } else {
+        m_clipboard = in;
+    }
+    m_hasClipboard = true;
+}
+
+void ImagingControl::pasteFromClipboard() {
+    if (!m_hasClipboard) fail(ErrorCode::NothingToPaste, "copy an image first");
+    setImage(m_clipboard);
+}
+
+void ImagingControl::undo() {
+    if (m_undo.empty()) fail(ErrorCode::NothingToUndo, "no change has been made since the last load");
+    VImage previous = m_undo.back();
+    m_undo.clear();
+    m_image = previous;
+    m_bitsPerPixel = bitsPerPixelOf(m_image);
+}
+
+void ImagingControl::recordAdjust(int32_t type, int32_t a, int32_t b, int32_t c, bool rgb) {
+    if (rgb) {
+        adjust.rgbType = type;
+        adjust.red = a, adjust.green = b, adjust.blue = c;
+    } else {
+        adjust.hue = a, adjust.sat = b, adjust.lum = c;
+    }
+}
+
+void ImagingControl::setFileName(const std::string& name) {
+    guarded("FileName", [&] {
+        int32_t page = std::max(storedInt("PageNbr"), 1) - 1;
+        LoadResult loaded = loadImage(name, page);
+        m_fileName = name;
+        m_image = loaded.image;
+        m_hasImage = true;
+        m_source = loaded.source;
+        m_bitsPerPixel = loaded.bitsPerPixel;
+        m_greyPalette = false;
+        m_undo.clear();
+        m_planes.clear();
+    });
+}
+
+void ImagingControl::saveFile() {
+    guarded("SaveFile", [&] {
+        std::string target = std::get<std::string>(stored("SaveFileName"));
+        SaveOptions o;
+        o.lumFactor = storedInt("SaveJPGLumFactor");
+        o.chromFactor = storedInt("SaveJPGChromFactor");
+        o.subSampling = storedInt("SaveJPGSubSampling");
+        o.progressive = storedBool("SaveJPGProgressive");
+        o.jpgGrayscale = storedBool("SaveJPGGrayscale");
+        o.pngInterlaced = storedBool("SavePNGInterlaced");
+        o.tifCompression = storedInt("SaveTIFCompression");
+        o.gifType = storedInt("SaveGIFType");
+        o.gifInterlaced = storedBool("SaveGIFInterlaced");
+        o.gifTransparent = storedBool("SaveGIFTransparent");
+        o.gifTColor = storedInt("SaveGIFTColor");
+        o.ppmType = storedInt("SavePPMType");
+        o.pgmType = storedInt("SavePGMType");
+        o.pbmType = storedInt("SavePBMType");
+        o.multiPage = storedBool("SaveMultiPage");
+        o.keepMetadata = storedBool("KeepMetadata");
+        o.bitsPerPixel = m_bitsPerPixel;
+        o.greyPalette = m_greyPalette;
+        const VImage& current = image();
+        std::error_code ec;
+        namespace fs = std::filesystem;
+        // Overwriting the photo being read: decode it fully first, so that nothing reads the
+        // file again after it has been replaced.
+        if (!m_source.nativePath.empty() && fs::equivalent(m_source.nativePath, diskPath(target), ec))
+            m_image = current.copy_memory();
+        saveImage(m_image, target, storedInt("SaveFileType"), o);
+    });
+}
+
+int32_t ImagingControl::numPages(const std::string& fileName) {
+    int32_t pages = 0;
+    guarded("NumPages", [&] { pages = countPages(fileName); });
+    return pages;
+}
+
+Arg ImagingControl::stored(std::string_view name) const {
+    auto it = m_stored.find(name);
+    if (it == m_stored.end()) {
+        for (const auto& [key, value] : m_stored)
+            if (equalsIgnoreCase(key, name)) return value;
+        fail(ErrorCode::UnknownProperty, std::string(name));
+    }
+    return it->second;
+}
+
+int32_t ImagingControl::storedInt(std::string_view name) const {
+    Arg v = stored(name);
+    if (auto* i = std::get_if<int32_t>(&v)) return *i;
+    if (auto* b = std::get_if<bool>(&v)) return *b ? -1 : 0;
+    if (auto* d = std::get_if<double>(&v)) return static_cast<int32_t>(*d);
+    return 0;
+}
+
+bool ImagingControl::storedBool(std::string_view name) const { return storedInt(name) != 0; }
+
+void ImagingControl::store(const PropertyDef& def, const Arg& value) {
+    m_stored[std::string(def.name)] = value;
+}
+
+Arg ImagingControl::property(std::string_view name) {
+    const PropertyDef* def = findProperty(name);
+    if (!def) fail(ErrorCode::UnknownProperty, std::string(name));
+    if (def->access == Access::Write) fail(ErrorCode::ReadOnlyProperty, std::string(def->name) + " can only be set");
+    Arg result;
+    guarded(def->name, [&] { result = def->get ? def->get(*this) : stored(def->name); });
+    return result;
+}
+
+void ImagingControl::setProperty(std::string_view name, const Arg& value) {
+    const PropertyDef* def = findProperty(name);
+    if (!def) fail(ErrorCode::UnknownProperty, std::string(name));
+    if (def->access == Access::Read) fail(ErrorCode::ReadOnlyProperty, std::string(def->name));
+    guarded(def->name, [&] {
+        Arg checked = checkedValue(def->name, def->name, def->type, def->min, def->max, value);
+        if (def->set) def->set(*this, checked);
+        else store(*def, checked);
+    });
+}
+
+} // namespace imaging

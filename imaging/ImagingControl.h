@@ -1,0 +1,123 @@
+// The imaging control: a current image with its file, save settings, drawing state, processing
+// area, undo and clipboard, on libvips. Members are named after the fx members they serve.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <vips/vips8>
+
+#include "imaging/ImagingError.h"
+#include "imaging/Operation.h"
+
+namespace imaging {
+
+struct PropertyDef;
+struct FormatDef;
+
+// Where the current image came from, kept while it is untouched so that a first resize down can
+// decode a JPEG at a reduced scale instead of at full size.
+struct SourceInfo {
+    std::string nativePath;
+    const FormatDef* format = nullptr;
+    int64_t fileSize = 0;
+    int32_t pages = 0;
+    int32_t page = 0;       // zero-based page that was loaded
+    int32_t orientation = 1; // EXIF orientation of the file (already applied to the image)
+    bool untouched = false;  // no operation has changed the image since it was loaded
+};
+
+class ImagingControl {
+public:
+    ImagingControl();
+    ~ImagingControl();
+    ImagingControl(const ImagingControl&) = delete;
+    ImagingControl& operator=(const ImagingControl&) = delete;
+
+    // Calls an operation of the control by name (case-insensitive). An unknown name raises
+    // ActionNotSupported naming the operation. Arguments are checked against the operation's
+    // declaration (count, type, range) and defaults are filled in.
+    void invoke(std::string_view operation, std::span<const Arg> args = {});
+
+    // Properties by name (case-insensitive), as declared in the property table.
+    Arg property(std::string_view name);
+    void setProperty(std::string_view name, const Arg& value);
+
+    // Files. Assigning the file name loads it (PageNbr selects the page).
+    void setFileName(const std::string& name);
+    const std::string& fileName() const { return m_fileName; }
+    void saveFile();
+    int32_t numPages(const std::string& fileName);
+
+    // The current image. setImage records the undo snapshot and marks the image changed.
+    bool hasImage() const { return m_hasImage; }
+    const vips::VImage& image() const;
+    void setImage(vips::VImage image);
+    // Replaces the image by a resized one; uses shrink-on-load when the image is an untouched JPEG.
+    void resizeTo(int32_t width, int32_t height, bool smooth);
+
+    // Applies an image-to-image function to the image, or to the processing area when it is on
+    // and the function is area-aware. Operations with a RunFn use it after their own work.
+    void applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage = false);
+
+    // Clipboard and undo (the control's own; one level of undo).
+    void copyToClipboard();
+    void pasteFromClipboard();
+    void undo();
+
+    // Colour separation: prepare the planes of a kind, then make one of them the image.
+    void separate(int32_t kind);
+    void selectSeparatedPlane(int32_t plane);
+
+    // Logical bits per pixel of the current image (ColorDepth lowers it; savers honour it).
+    int32_t bitsPerPixel() const { return m_bitsPerPixel; }
+    void setBitsPerPixel(int32_t bits, bool greyPalette);
+    bool greyPalette() const { return m_greyPalette; }
+    int32_t uniqueColors();
+
+    DrawState& drawState() { return m_draw; }
+    AreaState& area() { return m_area; }
+    const SourceInfo& source() const { return m_source; }
+    int32_t lastError() const { return m_lastError; }
+    void setLastError(int32_t code) { m_lastError = code; }
+    void recordAdjust(int32_t type, int32_t a, int32_t b, int32_t c, bool rgb);
+
+    // Stored property values (save options, printer settings, ...) by declared name.
+    Arg stored(std::string_view name) const;
+    int32_t storedInt(std::string_view name) const;
+    bool storedBool(std::string_view name) const;
+    void store(const PropertyDef& def, const Arg& value);
+
+    // Read-backs of the last colour adjustment.
+    struct AdjustState {
+        int32_t red = 0, green = 0, blue = 0, rgbType = 0, hue = 0, sat = 0, lum = 0;
+    } adjust;
+
+private:
+    template <class F> void guarded(std::string_view what, F&& body);
+    void runOperation(const OperationDef& def, std::span<const Arg> args);
+
+    std::string m_fileName;
+    vips::VImage m_image;
+    bool m_hasImage = false;
+    SourceInfo m_source;
+    std::vector<vips::VImage> m_undo;
+    vips::VImage m_clipboard;
+    bool m_hasClipboard = false;
+    std::vector<vips::VImage> m_planes;
+    int32_t m_bitsPerPixel = 0;
+    bool m_greyPalette = false;
+    int32_t m_lastError = 0;
+    DrawState m_draw;
+    AreaState m_area;
+    std::map<std::string, Arg, std::less<>> m_stored; // keyed by declared name
+};
+
+// Starts libvips once per process (thread-safe); the control calls it itself.
+void ensureVipsStarted();
+
+} // namespace imaging

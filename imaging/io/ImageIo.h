@@ -1,0 +1,59 @@
+// Loading and saving for the imaging control: format detection, size limit, EXIF orientation,
+// shrink-on-load, and the atomic save with every format's options.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include <vips/vips8>
+
+#include "imaging/ImagingControl.h"
+
+namespace imaging {
+
+// Images above this many pixels are refused before any pixel is decoded.
+constexpr int64_t kMaxPixels = 250'000'000;
+
+struct LoadResult {
+    vips::VImage image;
+    SourceInfo source;
+    int32_t bitsPerPixel = 24;
+};
+
+std::filesystem::path diskPath(std::string_view scriptPath);
+
+// Loads a page (zero-based) of a file, upright. Pixels are decoded lazily.
+LoadResult loadImage(const std::string& scriptPath, int32_t page);
+int32_t countPages(const std::string& scriptPath);
+
+// For an untouched JPEG: decodes it again at the largest DCT scale that keeps it at least
+// width x height (upright). Returns an empty image when no reduced scale applies.
+vips::VImage reopenShrunk(const SourceInfo& source, const vips::VImage& current, int32_t width,
+                          int32_t height);
+
+int32_t bitsPerPixelOf(const vips::VImage& image);
+
+struct SaveOptions {
+    int32_t lumFactor = 10, chromFactor = 10, subSampling = 0;
+    bool progressive = false, jpgGrayscale = false, pngInterlaced = false;
+    int32_t tifCompression = 1, gifType = 0, ppmType = 0, pgmType = 0, pbmType = 0;
+    bool gifInterlaced = false, gifTransparent = false, multiPage = false;
+    int32_t gifTColor = 0;
+    int32_t bitsPerPixel = 24;
+    bool greyPalette = false;
+    bool keepMetadata = true;
+};
+
+int32_t jpegQuality(const SaveOptions& options);
+
+// Writes the image to a temporary file in the target's folder, flushes it and renames it over the
+// target; on any failure the target is left as it was.
+void saveImage(const vips::VImage& image, const std::string& scriptPath, int32_t fileType,
+               const SaveOptions& options);
+
+// Maps a libvips failure to the control's error, keeping the library's message.
+[[noreturn]] void failFromVips(ErrorCode code, const std::string& context, const vips::VError& e);
+
+} // namespace imaging

@@ -1,0 +1,225 @@
+// Saving: choose the format, prepare the pixels for it, write a temporary file beside the target,
+// flush and rename it over the target.
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "imaging/io/Formats.h"
+#include "imaging/io/ImageIo.h"
+
+namespace imaging {
+
+namespace fs = std::filesystem;
+using vips::VImage;
+
+int32_t jpegQuality(const SaveOptions& o) {
+    // The luminance factor weighs twice the chrominance one: libjpeg scales both tables by one
+    // quality, and luminance is what the eye sees.
+    double factor = (2.0 * o.lumFactor + o.chromFactor) / 3.0;
+    return std::clamp(static_cast<int32_t>(std::lround(100.0 - factor)), 1, 100);
+}
+
+namespace {
+
+VImage flattenAlpha(const VImage& in) {
+    return in.has_alpha() ? in.flatten(VImage::option()->set("background", std::vector<double>{255}))
+                          : in;
+}
+
+VImage toSrgb8(const VImage& in) {
+    VImage out = in;
+    if (out.interpretation() != VIPS_INTERPRETATION_sRGB &&
+        out.interpretation() != VIPS_INTERPRETATION_B_W)
+        out = out.colourspace(VIPS_INTERPRETATION_sRGB);
+    if (out.format() != VIPS_FORMAT_UCHAR) out = out.cast(VIPS_FORMAT_UCHAR);
+    return out;
+}
+
+VImage toGrey(const VImage& in) {
+    VImage out = flattenAlpha(in);
+    if (out.bands() >= 3) out = out.colourspace(VIPS_INTERPRETATION_B_W);
+    return out.cast(VIPS_FORMAT_UCHAR);
+}
+
+VImage toRgb(const VImage& in) {
+    VImage out = flattenAlpha(toSrgb8(in));
+    if (out.bands() == 1) out = out.colourspace(VIPS_INTERPRETATION_sRGB);
+    return out;
+}
+
+// GIF transparency: pixels of the chosen colour become transparent.
+VImage withTransparentColor(const VImage& in, int32_t color) {
+    VImage rgb = toRgb(in);
+    Rgb c = unpackColor(color);
+    VImage match = (rgb == std::vector<double>{c.r, c.g, c.b}).bandand();
+    return rgb.bandjoin(match.ifthenelse(0, 255).cast(VIPS_FORMAT_UCHAR));
+}
+
+VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
+    switch (f.code) {
+    case format::Jpeg: return o.jpgGrayscale ? toGrey(in) : flattenAlpha(toSrgb8(in));
+    case format::Ppm: return toRgb(in);
+    case format::Pgm: return toGrey(in);
+    case format::Pbm: return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+    case format::Gif: return o.gifTransparent ? withTransparentColor(in, o.gifTColor) : toSrgb8(in);
+    case format::Ico:
+        if (in.width() > 256 || in.height() > 256)
+            fail(ErrorCode::FormatNotWritable, "ICO images are at most 256 x 256 pixels; this one is " +
+                                                   std::to_string(in.width()) + " x " +
+                                                   std::to_string(in.height()));
+        return toSrgb8(in);
+    case format::Tiff:
+        if (o.tifCompression == 7 || o.bitsPerPixel == 1)
+            return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+        return o.greyPalette ? toGrey(in) : toSrgb8(in);
+    default: return o.greyPalette ? toGrey(in) : toSrgb8(in);
+    }
+}
+
+constexpr VipsForeignTiffCompression kTiffCompression[] = {
+    VIPS_FOREIGN_TIFF_COMPRESSION_NONE,     VIPS_FOREIGN_TIFF_COMPRESSION_LZW,
+    VIPS_FOREIGN_TIFF_COMPRESSION_DEFLATE,  VIPS_FOREIGN_TIFF_COMPRESSION_PACKBITS,
+    VIPS_FOREIGN_TIFF_COMPRESSION_JPEG,     VIPS_FOREIGN_TIFF_COMPRESSION_ZSTD,
+    VIPS_FOREIGN_TIFF_COMPRESSION_WEBP,     VIPS_FOREIGN_TIFF_COMPRESSION_CCITTFAX4,
+};
+
+void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const char* path,
+           int pageHeight) {
+    auto* opt = VImage::option()->set("strip", !o.keepMetadata);
+    if (pageHeight > 0) opt->set("page_height", pageHeight);
+    int q = jpegQuality(o);
+    bool palette = o.bitsPerPixel <= 8 && !o.greyPalette;
+    switch (f.code) {
+    case format::Jpeg:
+        image.jpegsave(path, opt->set("Q", q)->set("interlace", o.progressive)
+                                 ->set("optimize_coding", true)
+                                 ->set("subsample_mode", o.subSampling == 1 ? VIPS_FOREIGN_SUBSAMPLE_OFF
+                                                                            : VIPS_FOREIGN_SUBSAMPLE_ON));
+        return;
+    case format::Png:
+        opt->set("interlace", o.pngInterlaced);
+        if (o.bitsPerPixel <= 8) opt->set("palette", palette)->set("bitdepth", o.bitsPerPixel);
+        image.pngsave(path, opt);
+        return;
+    case format::Tiff:
+        opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", q);
+        if (o.tifCompression == 7 || o.bitsPerPixel == 1) opt->set("bitdepth", 1);
+        image.tiffsave(path, opt);
+        return;
+    case format::Gif:
+        opt->set("dither", o.gifType == 0 ? 1.0 : 0.0)->set("interlace", o.gifInterlaced);
+        if (o.bitsPerPixel < 8) opt->set("bitdepth", o.bitsPerPixel);
+        image.gifsave(path, opt);
+        return;
+    case format::Ppm:
+    case format::Pgm:
+    case format::Pbm: {
+        int32_t type = f.code == format::Ppm ? o.ppmType : f.code == format::Pgm ? o.pgmType : o.pbmType;
+        opt->set("format", std::string(f.saver).c_str())->set("ascii", type == 1);
+        if (f.code == format::Pbm) opt->set("bitdepth", 1);
+        image.ppmsave(path, opt);
+        return;
+    }
+    case format::WebP: image.webpsave(path, opt->set("Q", q)); return;
+    case format::Avif:
+        image.heifsave(path, opt->set("Q", q)->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1)
+                                 ->set("bitdepth", 8));
+        return;
+    default:
+        opt->set("format", std::string(f.saver).c_str());
+        if (o.bitsPerPixel <= 8) opt->set("bitdepth", o.bitsPerPixel);
+        image.magicksave(path, opt);
+        return;
+    }
+}
+
+const FormatDef& chooseFormat(const fs::path& native, const std::string& scriptPath, int32_t type) {
+    const FormatDef* f = nullptr;
+    if (type == format::ByExtension) {
+        std::string ext = native.extension().string();
+        f = formatByExtension(ext.empty() ? ext : ext.substr(1));
+        if (!f)
+            fail(ErrorCode::UnknownFormat,
+                 "cannot tell the format from the name " + scriptPath + "; set SaveFileType");
+    } else {
+        f = formatByCode(type);
+        if (!f) fail(ErrorCode::ArgumentOutOfRange, "SaveFileType = " + std::to_string(type));
+    }
+    if (!f->canSave) fail(ErrorCode::FormatNotWritable, std::string(f->name) + ": " + scriptPath);
+    return *f;
+}
+
+// Appending a page: the existing pages and the new one become one tall image with page-height.
+VImage appendPage(const fs::path& native, const VImage& page, int& pageHeight) {
+    VImage old = VImage::new_from_file(native.c_str(), VImage::option()->set("n", -1));
+    int oldPage = old.get_typeof(VIPS_META_PAGE_HEIGHT) ? old.get_int(VIPS_META_PAGE_HEIGHT)
+                                                        : old.height();
+    if (old.width() != page.width() || oldPage != page.height())
+        fail(ErrorCode::CannotWrite, "a new page must have the size of the pages in " +
+                                         native.string() + " (" + std::to_string(old.width()) +
+                                         " x " + std::to_string(oldPage) + ")");
+    VImage base = old;
+    VImage add = page;
+    if (base.bands() != add.bands()) {
+        base = toRgb(base);
+        add = toRgb(add);
+    }
+    pageHeight = oldPage;
+    return base.cast(VIPS_FORMAT_UCHAR).join(add.cast(VIPS_FORMAT_UCHAR), VIPS_DIRECTION_VERTICAL);
+}
+
+void syncPath(const fs::path& p, int flags) {
+    int fd = ::open(p.c_str(), flags);
+    if (fd >= 0) {
+        ::fsync(fd);
+        ::close(fd);
+    }
+}
+
+fs::path makeTemp(const fs::path& folder) {
+    std::string pattern = (folder / ".vantorel-save-XXXXXX").string();
+    int fd = ::mkstemp(pattern.data());
+    if (fd < 0) fail(ErrorCode::CannotWrite, "cannot create a file in " + folder.string());
+    ::close(fd);
+    return pattern;
+}
+
+} // namespace
+
+void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileType,
+               const SaveOptions& o) {
+    if (scriptPath.empty()) fail(ErrorCode::CannotWrite, "no save file name is set");
+    fs::path native = diskPath(scriptPath);
+    const FormatDef& f = chooseFormat(native, scriptPath, fileType);
+    fs::path folder = native.has_parent_path() ? native.parent_path() : fs::path(".");
+    std::error_code ec;
+    if (!fs::is_directory(folder, ec)) fail(ErrorCode::CannotWrite, "folder not found: " + scriptPath);
+    struct stat st {};
+    bool exists = ::stat(native.c_str(), &st) == 0;
+    if (exists && !(st.st_mode & S_IWUSR)) fail(ErrorCode::CannotWrite, scriptPath + " is read-only");
+    fs::path temp = makeTemp(folder);
+    try {
+        VImage ready = prepare(image, f, o);
+        int pageHeight = 0;
+        bool paged = f.code == format::Tiff || f.code == format::Gif || f.code == format::Dcx;
+        if (o.multiPage && exists && paged) ready = appendPage(native, ready, pageHeight);
+        write(ready, f, o, temp.c_str(), pageHeight);
+        syncPath(temp, O_RDONLY);
+        if (exists) ::chmod(temp.c_str(), st.st_mode & 07777);
+        else ::chmod(temp.c_str(), 0666 & ~[] { mode_t m = ::umask(0); ::umask(m); return m; }());
+        if (::rename(temp.c_str(), native.c_str()) != 0)
+            fail(ErrorCode::CannotWrite, scriptPath + " (" + std::strerror(errno) + ")");
+        syncPath(folder, O_RDONLY | O_DIRECTORY);
+    } catch (const vips::VError& e) {
+        fs::remove(temp, ec);
+        failFromVips(ErrorCode::CannotWrite, scriptPath, e);
+    } catch (...) {
+        fs::remove(temp, ec);
+        throw;
+    }
+}
+
+} // namespace imaging

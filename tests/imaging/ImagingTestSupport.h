@@ -1,0 +1,52 @@
+// Test helpers shared by the imaging and effects tests: temporary folders, generated photos,
+// the committed sample photos, and readers of file-format details.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <vips/vips8>
+
+namespace testsupport {
+
+// A fresh folder removed with its contents at the end of the test.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    std::filesystem::path path(const std::string& name) const { return m_path / name; }
+    std::string str(const std::string& name) const { return (m_path / name).string(); }
+    const std::filesystem::path& root() const { return m_path; }
+    std::vector<std::string> entries() const;
+
+private:
+    std::filesystem::path m_path;
+};
+
+// A colourful gradient of the given size with many distinct colours.
+vips::VImage gradient(int width, int height);
+// Writes a JPEG whose pixels are stored width x height with the given EXIF orientation.
+void writeJpeg(const std::string& path, int width, int height, int orientation = 1);
+
+// A real photo from data/samples (umang.jpg, 1024 x 576).
+std::string samplePhoto();
+std::string sourceDir();
+
+std::string readFile(const std::string& path);
+void writeFile(const std::string& path, const std::string& bytes);
+
+// Format details read straight from the bytes.
+bool jpegIsProgressive(const std::string& bytes);
+int jpegComponents(const std::string& bytes);
+int jpegLumaSampling(const std::string& bytes); // 0x22 for 4:2:0, 0x11 for 4:4:4
+int tiffCompressionTag(const std::string& bytes);
+bool pngInterlaced(const std::string& bytes);
+bool gifInterlaced(const std::string& bytes);
+// A PNG header claiming width x height, with no pixel data.
+std::string pngHeaderOnly(uint32_t width, uint32_t height);
+
+bool haveSaver(const char* operation);
+
+} // namespace testsupport

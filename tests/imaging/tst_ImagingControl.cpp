@@ -1,0 +1,150 @@
+// The imaging control through its C++ API: loading, orientation, shrink-on-load, operation
+// invariants, argument checks, undo and the error state.
+#include <gtest/gtest.h>
+
+#include "ImagingTestSupport.h"
+#include "imaging/ImagingControl.h"
+#include "imaging/io/ImageIo.h"
+
+using namespace imaging;
+using testsupport::TempDir;
+using vips::VImage;
+
+namespace {
+
+int32_t intProp(ImagingControl& c, const char* name) { return std::get<int32_t>(c.property(name)); }
+
+double maxDifference(const VImage& a, const VImage& b) {
+    return (a.cast(VIPS_FORMAT_INT) - b.cast(VIPS_FORMAT_INT)).abs().max();
+}
+
+void run(ImagingControl& c, const char* op, std::vector<Arg> args = {}) { c.invoke(op, args); }
+
+} // namespace
+
+TEST(ImagingControl, LoadsARealPhotoWithItsInformation) {
+    ImagingControl c;
+    c.setFileName(testsupport::samplePhoto());
+    EXPECT_EQ(intProp(c, "ImagWidth"), 1024);
+    EXPECT_EQ(intProp(c, "IHeight"), 576);
+    EXPECT_EQ(intProp(c, "IFormat"), 3);
+    EXPECT_EQ(intProp(c, "IBPP"), 24);
+    EXPECT_EQ(intProp(c, "IFileSize"), static_cast<int32_t>(std::filesystem::file_size(testsupport::samplePhoto())));
+    EXPECT_GT(intProp(c, "UniqueColors"), 1000);
+    EXPECT_EQ(intProp(c, "hWnd"), 0);
+}
+
+TEST(ImagingControl, AppliesExifOrientationOnLoad) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("r6.jpg"), 400, 300, 6);
+    testsupport::writeJpeg(dir.str("r3.jpg"), 400, 300, 3);
+    ImagingControl c;
+    c.setFileName(dir.str("r6.jpg"));
+    EXPECT_EQ(intProp(c, "ImagWidth"), 300);
+    EXPECT_EQ(intProp(c, "ImagHeight"), 400);
+    c.setFileName(dir.str("r3.jpg"));
+    auto topLeft = c.image().getpoint(2, 2);
+    EXPECT_GT(topLeft[0], 200); // the stored bottom-right corner (red and green high) is now top-left
+    EXPECT_GT(topLeft[1], 200);
+}
+
+TEST(ImagingControl, ShrinkOnLoadPicksTheLargestScaleAboveTheTarget) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
+    testsupport::writeJpeg(dir.str("turned.jpg"), 2000, 1500, 6);
+    LoadResult big = loadImage(dir.str("big.jpg"), 0);
+    VImage shrunk = reopenShrunk(big.source, big.image, 400, 300);
+    EXPECT_EQ(shrunk.width(), 500); // 1/4 scale; 1/8 would give 250, below 400
+    EXPECT_TRUE(reopenShrunk(big.source, big.image, 1200, 900).is_null());
+    LoadResult turned = loadImage(dir.str("turned.jpg"), 0);
+    VImage upright = reopenShrunk(turned.source, turned.image, 300, 400);
+    EXPECT_EQ(upright.width(), 375);
+    EXPECT_EQ(upright.height(), 500);
+
+    ImagingControl c;
+    c.setFileName(dir.str("turned.jpg"));
+    c.resizeTo(300, 400, true);
+    EXPECT_EQ(c.image().width(), 300);
+    EXPECT_EQ(c.image().height(), 400);
+    EXPECT_LT(maxDifference(c.image(), testsupport::gradient(2000, 1500).rot(VIPS_ANGLE_D90).resize(0.2)), 40);
+}
+
+TEST(ImagingControl, GeometryInvariants) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("g.jpg"), 64, 48);
+    ImagingControl c;
+    c.setFileName(dir.str("g.jpg"));
+    VImage original = c.image().copy_memory();
+    for (int k = 0; k < 4; ++k) run(c, "Rotate", {90.0});
+    EXPECT_EQ(maxDifference(c.image(), original), 0);
+    run(c, "Flip");
+    run(c, "Flip");
+    EXPECT_EQ(maxDifference(c.image(), original), 0);
+    run(c, "Flip");
+    run(c, "Mirror");
+    VImage turned = c.image().copy_memory();
+    run(c, "Rotate", {-180.0});
+    run(c, "Rotate", {0.0});
+    EXPECT_EQ(maxDifference(turned.rot(VIPS_ANGLE_D180), original), 0);
+    run(c, "Negate");
+    run(c, "Negate");
+    EXPECT_EQ(maxDifference(c.image(), original), 0);
+}
+
+TEST(ImagingControl, ChecksArgumentsAgainstTheDeclaration) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("a.jpg"), 40, 30);
+    ImagingControl c;
+    c.setFileName(dir.str("a.jpg"));
+    try {
+        run(c, "Rotate", {400.0});
+        FAIL();
+    } catch (const ImagingError& e) {
+        EXPECT_EQ(e.code(), ErrorCode::ArgumentOutOfRange);
+        EXPECT_NE(std::string(e.what()).find("angle"), std::string::npos);
+    }
+    EXPECT_EQ(c.lastError(), 20008);
+    EXPECT_THROW(run(c, "Crop", {int32_t(1)}), ImagingError);
+    EXPECT_THROW(run(c, "Resize", {int32_t(1), int32_t(2), int32_t(3)}), ImagingError);
+    run(c, "Resize", {int32_t(20), int32_t(15)});
+    EXPECT_EQ(c.lastError(), 0);
+    try {
+        run(c, "Blur");
+        FAIL();
+    } catch (const ImagingError& e) {
+        EXPECT_EQ(e.number(), 445);
+        EXPECT_STREQ(e.what(), "Object doesn't support this action: 'Blur'");
+    }
+    EXPECT_THROW(c.setProperty("SaveJPGLumFactor", int32_t(500)), ImagingError);
+    EXPECT_THROW(c.setProperty("IBPP", int32_t(8)), ImagingError);
+    EXPECT_THROW(c.property("NoSuchProperty"), ImagingError);
+}
+
+TEST(ImagingControl, UndoAndClipboard) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("u.jpg"), 40, 30);
+    ImagingControl c;
+    c.setFileName(dir.str("u.jpg"));
+    EXPECT_THROW(run(c, "Paste"), ImagingError);
+    c.setProperty("UndoEnabled", true);
+    run(c, "Copy");
+    run(c, "Rotate", {90.0});
+    EXPECT_EQ(c.image().width(), 30);
+    run(c, "Undo");
+    EXPECT_EQ(c.image().width(), 40);
+    EXPECT_THROW(run(c, "Undo"), ImagingError);
+    run(c, "Crop", {int32_t(0), int32_t(0), int32_t(10), int32_t(10)});
+    run(c, "Paste");
+    EXPECT_EQ(c.image().width(), 40);
+}
+
+TEST(ImagingControl, NoImageIsAClearError) {
+    ImagingControl c;
+    try {
+        run(c, "Flip");
+        FAIL();
+    } catch (const ImagingError& e) {
+        EXPECT_EQ(e.code(), ErrorCode::NoImage);
+    }
+    EXPECT_THROW(c.saveFile(), ImagingError);
+}
