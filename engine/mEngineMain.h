@@ -77,4 +77,31 @@ struct RunPlan {
 // through the current Messages object. Runs nothing.
 RunPlan prepareRun(const QString& commandLine, const RunOptions& options = {});
 
+// --- the script host's reports ---
+
+// A script error as the script engine reports it; line counts from 1 within the whole script.
+struct ScriptFailure {
+    int number = 0;
+    QString description;
+    int line = 0;
+};
+
+// The shown part of a failing script: the five lines before and after the failing one, each as
+// "Line 007:  text" (tabs removed, trimmed), the failing one followed by its error, CR LF after
+// every line. *errorLineText receives the failing line's text alone.
+QString scriptErrorExcerpt(const QString& scriptText, const ScriptFailure& failure,
+                           QString* errorLineText = nullptr);
+
+// What a preview run returns instead of showing a box.
+QString previewErrorText(const ScriptFailure& failure, const QString& errorLineText);
+
+// The "Script Runtime Error" box of a real run; hostDescription is the error as the caller of
+// the script engine sees it, which normally repeats the engine's description.
+QString runtimeErrorText(const ScriptFailure& failure, const QString& hostDescription,
+                         const QString& excerpt);
+inline const QString kRuntimeErrorTitle = QStringLiteral("Script Runtime Error");
+
+// Shown when no script engine can be created.
+QString noScriptEngineText();
+
 } // namespace mEngineMain

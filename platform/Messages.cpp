@@ -78,9 +78,8 @@ MsgAnswer Messages::safeDefault(MsgButtons buttons) {
 
 MsgAnswer ConsoleMessages::messageBox(const QString& title, const QString& text, MsgIcon icon,
                                       MsgButtons buttons) {
-    QString heading = title.isEmpty() ? applicationTitle() : title;
-    if (icon == MsgIcon::Critical || icon == MsgIcon::Exclamation)
-        heading = QStringLiteral("[!] ") + heading;
+    (void)icon; // a terminal has no icons; the title and text carry the message
+    const QString heading = title.isEmpty() ? applicationTitle() : title;
     QString body = text;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());

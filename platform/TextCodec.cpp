@@ -43,6 +43,12 @@ QString toCrLf(const QString& text) {
 }
 
 QString decode(const QByteArray& bytes) {
+    // Editors on the original platform save "Unicode" text as UTF-16 with a byte-order mark.
+    if (bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF")) {
+        QStringDecoder utf16(bytes.startsWith("\xFF\xFE") ? QStringDecoder::Utf16LE
+                                                          : QStringDecoder::Utf16BE);
+        return toCrLf(utf16.decode(bytes.mid(2)));
+    }
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     QString text = utf8.decode(bytes);
     if (utf8.hasError()) text = fromWindows1252(bytes);

@@ -10,7 +10,8 @@ namespace TextCodec {
 
 // Bytes read from a text file: UTF-8 (a leading byte-order mark dropped); when the bytes are not
 // valid UTF-8 they are taken as Windows-1252, the encoding older scripts and command files were
-// written in. Line ends are normalised to CR LF (a lone LF or a lone CR counts as one line end).
+// written in; UTF-16 with a byte-order mark is read as well. Line ends are normalised to CR LF (a
+// lone LF or a lone CR counts as one line end).
 QString decode(const QByteArray& bytes);
 
 // Text to be written to a file: UTF-8 without byte-order mark, line ends normalised to CR LF.

@@ -19,6 +19,17 @@ TEST(TextCodec, InvalidUtf8IsTakenAsWindows1252) {
     EXPECT_EQ(fromWindows1252(QByteArray("\x81\x8D")), QString(QChar(0x81)) + QChar(0x8D));
 }
 
+TEST(TextCodec, Utf16WithByteOrderMark) {
+    EXPECT_EQ(decode(QByteArray("\xFF\xFE"
+                                "a\0\xE9\0\n\0",
+                                8)),
+              QString::fromUtf8("aé\r\n"));
+    EXPECT_EQ(decode(QByteArray("\xFE\xFF"
+                                "\0a\0\xE9",
+                                6)),
+              QString::fromUtf8("aé"));
+}
+
 TEST(TextCodec, LineEndsBecomeCrLf) {
     EXPECT_EQ(decode("a\nb\r\nc\rd\n\ne"), QStringLiteral("a\r\nb\r\nc\r\nd\r\n\r\ne"));
     EXPECT_EQ(toCrLf(QStringLiteral("\r\r\n\n")), QStringLiteral("\r\n\r\n\r\n"));
