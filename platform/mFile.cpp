@@ -192,7 +192,7 @@ QString GetPathPart(const QString& path, int part) {
     qsizetype cut = path.size() - 1;
     while (cut >= 0 && !isSeparator(path[cut]))
         --cut;
-    if (part == 1) return cut < 0 ? QString() : path.left(cut);
+    if (part == 1) return path.left(cut + 1);
     if (part == 2) return path.mid(cut + 1);
     messages().inform(QString(), QStringLiteral("There was an error, please contact Kestrane as to "
                                                 "reagrad a 0026 error. Thank You"));

@@ -20,7 +20,7 @@ bool FileExists(const QString& path);
 // The whole text of a file (UTF-8 or Windows-1252, CR LF line ends); "" when it cannot be read.
 QString ReadFile(const QString& path);
 
-// Part 1: the folder part, up to the last "\" (without it); part 2: the file-name part after it.
+// Part 1: the folder part, up to and including the last "\"; part 2: the file-name part after it.
 // A path without a separator has an empty folder part. Any other part number shows the 0026
 // error box and returns "".
 QString GetPathPart(const QString& path, int part);

@@ -15,12 +15,12 @@ TEST(mFilePaths, AddBackslash) {
 }
 
 TEST(mFilePaths, GetPathPartSplitsAtLastSeparator) {
-    EXPECT_EQ(GetPathPart("\\home\\ana\\a.jpg", 1), QStringLiteral("\\home\\ana"));
+    EXPECT_EQ(GetPathPart("\\home\\ana\\a.jpg", 1), QStringLiteral("\\home\\ana\\"));
     EXPECT_EQ(GetPathPart("\\home\\ana\\a.jpg", 2), QStringLiteral("a.jpg"));
     EXPECT_EQ(GetPathPart("~\\photos\\", 2), QString());
     EXPECT_EQ(GetPathPart("a.jpg", 1), QString());
     EXPECT_EQ(GetPathPart("a.jpg", 2), QStringLiteral("a.jpg"));
-    EXPECT_EQ(GetPathPart("/home/ana/a.jpg", 1), QStringLiteral("/home/ana"));
+    EXPECT_EQ(GetPathPart("/home/ana/a.jpg", 1), QStringLiteral("/home/ana/"));
 }
 
 TEST(mFilePaths, GetPathPartWithBadPartShowsError0026) {
