@@ -62,6 +62,8 @@ cairo_pattern_t* hatchPattern(FillStyleCode style, Colour colour) {
     cairo_pattern_t* pattern = cairo_pattern_create_for_surface(tile);
     cairo_surface_destroy(tile);
     cairo_pattern_set_extend(pattern, CAIRO_EXTEND_REPEAT);
+    // Whole tile pixels, not a blend of two rows: the user space is half a pixel off the grid.
+    cairo_pattern_set_filter(pattern, CAIRO_FILTER_NEAREST);
     return pattern;
 }
 

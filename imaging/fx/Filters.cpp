@@ -68,7 +68,7 @@ VImage Blur(const VImage& image) {
 VImage Soften(const VImage& image, int strength) {
     checkArgument("Soften", "strength", strength);
     return onColour("Soften", image,
-                    [&](const VImage& c, double) { return gaussian(c, strength / 2.0); });
+                    [&](const VImage& c, double) { return gaussian(c, (strength + 1) / 2.0); });
 }
 
 VImage Sharpen(const VImage& image, int amount) {

@@ -34,7 +34,7 @@ std::vector<FxMemberInfo> filters() {
          "one curve for all channels, so colours keep their hue."},
         {"Blur", "Filters", {}, "Gaussian blur of about 3 pixels radius (sigma 1.5)."},
         {"Soften", "Filters",
-         {ranged("strength", "integer", 1, 20, "blur radius in pixels (sigma = strength / 2)")},
+         {ranged("strength", "integer", 1, 20, "blur radius in pixels (sigma = (strength + 1) / 2)")},
          "Gaussian blur whose radius grows with strength: 1 is barely visible, 20 is strong."},
         {"Sharpen", "Filters",
          {ranged("amount", "integer", 0, 100, "edge gain in percent of the maximum; 50 doubles "

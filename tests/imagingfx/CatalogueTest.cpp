@@ -1,0 +1,55 @@
+// The effect table: complete, consistent, and the source of the range messages.
+#include "imaging/fx/FxCatalogue.h"
+
+#include <set>
+
+#include "FxTestSupport.h"
+
+TEST(Catalogue, HoldsEveryEffectMemberOnce) {
+    const char* expected[] = {
+        "AutoContrast", "Blur", "Soften", "Sharpen", "MBlur", "Median", "Dilate", "Erode",
+        "Diffuse", "Noise", "Emboss", "Equalize", "Outline", "Posterize", "Solarize", "Mosaic",
+        "Buttonize", "Blend", "Matrix", "ReplaceColors", "Parabolic", "Swirl", "Twist", "Pinch",
+        "Ripple", "Perspective", "PWarp", "DrawMode", "DrawFillColor", "DrawFillStyle",
+        "DrawStyle", "DrawWidth", "Font", "DrawLine", "DrawCircle", "DrawArc", "DrawPie",
+        "DrawRoundRect", "DrawCurve", "DrawPolygon", "DrawText", "Area", "Merge", "CaptureWindow"};
+    for (const char* name : expected)
+        EXPECT_NE(fx::findEffect(name), nullptr) << name;
+    std::set<std::string_view> names;
+    for (const auto& m : fx::effectCatalogue())
+        EXPECT_TRUE(names.insert(m.name).second) << "twice: " << m.name;
+    EXPECT_EQ(names.size(), std::size(expected));
+    EXPECT_EQ(fx::findEffect("mblur"), fx::findEffect("MBlur"));
+    EXPECT_EQ(fx::findEffect("Resize"), nullptr);
+}
+
+TEST(Catalogue, EntriesAreWellFormed) {
+    for (const auto& m : fx::effectCatalogue()) {
+        EXPECT_FALSE(m.description.empty()) << m.name;
+        EXPECT_FALSE(m.family.empty()) << m.name;
+        std::set<std::string_view> args;
+        bool optionalSeen = false;
+        for (const auto& a : m.arguments) {
+            EXPECT_TRUE(args.insert(a.name).second) << m.name << "." << a.name;
+            EXPECT_FALSE(a.meaning.empty()) << m.name << "." << a.name;
+            if (a.ranged) {
+                EXPECT_LE(a.min, a.max) << m.name << "." << a.name;
+            }
+            // Once an argument is optional, the ones after it are too.
+            if (optionalSeen) {
+                EXPECT_FALSE(a.defaultValue.empty()) << m.name << "." << a.name;
+            }
+            optionalSeen = optionalSeen || !a.defaultValue.empty();
+        }
+    }
+}
+
+TEST(Catalogue, RangeMessagesNameMemberArgumentRangeAndValue) {
+    fxtest::expectBadArgument([] { fx::checkArgument("Posterize", "levels", 1); }, "Posterize",
+                              "Posterize: levels must be 2 to 64 (got 1)");
+    fxtest::expectBadArgument([] { fx::checkArgument("Swirl", "angle", 3600.5); }, "Swirl",
+                              "(got 3600.5)");
+    EXPECT_NO_THROW(fx::checkArgument("Posterize", "levels", 64));
+    EXPECT_EQ(fx::rangeText(fx::findArgument("DrawFillColor", "color")), "0 to &HFFFFFF");
+    EXPECT_THROW(fx::checkArgument("Posterize", "nonsense", 1), std::logic_error);
+}
