@@ -60,7 +60,12 @@ public:
     Engine& engine() const { return *m_engine; }
 
 private:
+    template <class Fn>
+    bool guarded(Fn&& fn);
+
     std::unique_ptr<Engine> m_engine;
+    String m_language = u"VBScript";
+    ErrorInfo m_error;
 };
 
 } // namespace vbs

@@ -157,6 +157,7 @@ struct ScriptError : std::exception {
     // Where in the script it happened: 0 until the engine places it.
     int line = 0;
     int column = 0;
+    int chunk = -1; // which piece of added code the line counts in
     bool located() const { return line > 0; }
 
 private:

@@ -22,7 +22,7 @@ Value Value::fromCurrency(double value)
 Value Value::makeArray(std::vector<int32_t> counts)
 {
     auto* rep = new ArrayRep;
-    size_t total = 1;
+    size_t total = counts.empty() ? 0 : 1; // "Dim a()": no dimensions yet
     for (int32_t c : counts) {
         if (c < 0 || (c > 0 && total > (size_t(1) << 28) / size_t(c))) {
             delete rep;

@@ -1,0 +1,165 @@
+// Script class instances, the Err object and procedure references.
+#include "ClassInstance.h"
+
+#include "Engine.h"
+
+namespace vbs {
+
+String defaultErrorSource(int32_t number)
+{
+    return isCompileError(number) ? u"Microsoft VBScript compilation error"
+                                  : u"Microsoft VBScript runtime error";
+}
+
+ClassInstance::ClassInstance(Engine& engine, ClassDef* cls, std::shared_ptr<Program> program)
+    : m_engine(engine), m_engineAlive(engine.m_alive), m_cls(cls), m_program(std::move(program))
+{
+    fields.resize(cls->fields.size());
+    for (size_t i = 0; i < cls->fields.size(); ++i) {
+        const auto& f = cls->fields[i];
+        if (f.isArray) {
+            fields[i] = Value::makeArray(f.dims);
+            fields[i].array()->fixed = !f.dims.empty();
+        }
+    }
+}
+
+int ClassInstance::anyMemberId(std::u16string_view name) const
+{
+    const auto it = m_cls->memberIndex.find(foldCase(name));
+    return it == m_cls->memberIndex.end() ? -1 : it->second;
+}
+
+int ClassInstance::memberId(std::u16string_view name) const
+{
+    const int id = anyMemberId(name);
+    return id >= 0 && m_cls->members[size_t(id)].isPublic ? id : -1;
+}
+
+Value ClassInstance::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
+{
+    if (!*m_engineAlive)
+        raise(ErrorCode::ObjectRequired);
+    const ClassDef::Member& m = m_cls->members[size_t(memberId)];
+    if (m.field >= 0) {
+        Value& f = fields[size_t(m.field)];
+        if (kind == InvokeKind::PropertyLet || kind == InvokeKind::PropertySet) {
+            Value value = *args.back();
+            if (kind == InvokeKind::PropertySet && !value.isObject())
+                raise(ErrorCode::ObjectRequired);
+            if (args.size() == 1) {
+                f = std::move(value);
+            } else {
+                *m_engine.elementRef(f, args.first(args.size() - 1)) = std::move(value);
+            }
+            return {};
+        }
+        if (args.empty())
+            return f;
+        return m_engine.indexValue(f, args, false);
+    }
+    Procedure* proc = nullptr;
+    switch (kind) {
+    case InvokeKind::PropertyLet: proc = m.let; break;
+    case InvokeKind::PropertySet: proc = m.set ? m.set : nullptr; break;
+    default: proc = m.method ? m.method : m.get; break;
+    }
+    if (!proc)
+        throw ScriptError(int32_t(ErrorCode::NoSuchMember), errorMessage(ErrorCode::NoSuchMember) + u": '" + m.name + u"'");
+    Ref<Object> keep(this);
+    return m_engine.callProcedure(proc, this, args);
+}
+
+void ClassInstance::destroy() noexcept
+{
+    if (!m_terminated && m_cls->terminate && *m_engineAlive) {
+        m_terminated = true;
+        addRef();
+        m_engine.runTerminate(this);
+        release(); // comes back here with m_terminated set, unless Class_Terminate kept Me
+        return;
+    }
+    delete this;
+}
+
+namespace {
+
+enum ErrMember { ENumber, EDescription, ESource, ERaise, EClear, EHelpFile, EHelpContext };
+
+} // namespace
+
+int ErrObject::memberId(std::u16string_view name) const
+{
+    static const char16_t* const names[] = {u"number", u"description", u"source", u"raise",
+        u"clear", u"helpfile", u"helpcontext"};
+    for (int i = 0; i < 7; ++i)
+        if (equalsNoCase(name, names[i]))
+            return i;
+    return -1;
+}
+
+void ErrObject::clear()
+{
+    number = 0;
+    description.clear();
+    source.clear();
+    helpFile.clear();
+    helpContext = 0;
+}
+
+void ErrObject::set(const ScriptError& e)
+{
+    number = e.number;
+    description = e.description.empty() ? errorMessage(e.number) : e.description;
+    source = e.source.empty() ? defaultErrorSource(e.number) : e.source;
+}
+
+Value ErrObject::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
+{
+    const bool put = kind == InvokeKind::PropertyLet;
+    if (put && args.size() != 1)
+        raise(ErrorCode::WrongArgumentCount);
+    switch (memberId) {
+    case ENumber:
+        if (put) { number = args[0]->toLong(); return {}; }
+        return Value(number);
+    case EDescription:
+        if (put) { description = args[0]->toString(); return {}; }
+        return Value(description);
+    case ESource:
+        if (put) { source = args[0]->toString(); return {}; }
+        return Value(source);
+    case EHelpFile:
+        if (put) { helpFile = args[0]->toString(); return {}; }
+        return Value(helpFile);
+    case EHelpContext:
+        if (put) { helpContext = args[0]->toLong(); return {}; }
+        return Value(helpContext);
+    case EClear:
+        clear();
+        return {};
+    case ERaise: {
+        if (args.empty() || args.size() > 5)
+            raise(ErrorCode::WrongArgumentCount);
+        const int32_t n = args[0]->toLong();
+        if (n == 0 || n > 65535 || n < -2147483647)
+            raise(ErrorCode::InvalidProcedureCall);
+        const bool hasSource = args.size() > 1 && !args[1]->isMissing();
+        const bool hasDesc = args.size() > 2 && !args[2]->isMissing();
+        ScriptError e(n, hasDesc ? args[2]->toString() : errorMessage(n),
+            hasSource ? args[1]->toString() : defaultErrorSource(n));
+        throw e;
+    }
+    default:
+        raise(ErrorCode::NoSuchMember);
+    }
+}
+
+Value ProcedureRef::invoke(int memberId, InvokeKind, std::span<Value*> args)
+{
+    if (memberId != 0)
+        raise(ErrorCode::NoSuchMember);
+    return m_engine.callProcedure(m_proc, nullptr, args);
+}
+
+} // namespace vbs

@@ -1,0 +1,71 @@
+// Objects the engine itself makes: script class instances, the Err object, GetRef references.
+#pragma once
+
+#include "Ast.h"
+
+#include <memory>
+
+namespace vbs {
+
+class Engine;
+
+class ClassInstance : public Dispatch {
+public:
+    ClassInstance(Engine& engine, ClassDef* cls, std::shared_ptr<Program> program);
+    String typeName() const override { return m_cls->name; }
+    int memberId(std::u16string_view name) const override; // public members only
+    Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
+    int defaultMemberId() const override { return m_cls->defaultMember; }
+    ClassDef* classDef() const { return m_cls; }
+    // Any member, public or private (code inside the class).
+    int anyMemberId(std::u16string_view name) const;
+
+    std::vector<Value> fields;
+
+protected:
+    void destroy() noexcept override;
+
+private:
+    Engine& m_engine;
+    std::shared_ptr<bool> m_engineAlive;
+    ClassDef* m_cls;
+    std::shared_ptr<Program> m_program;
+    bool m_terminated = false;
+};
+
+// The Err object: the last error seen under On Error Resume Next, and Err.Raise.
+class ErrObject : public Dispatch {
+public:
+    String typeName() const override { return u"ErrObject"; }
+    int memberId(std::u16string_view name) const override;
+    Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
+    int defaultMemberId() const override { return 0; }
+    void clear();
+    void set(const ScriptError& e);
+
+    int32_t number = 0;
+    String description;
+    String source;
+    String helpFile;
+    int32_t helpContext = 0;
+};
+
+// GetRef("name"): calling the object's default member calls the procedure.
+class ProcedureRef : public Dispatch {
+public:
+    ProcedureRef(Engine& engine, Procedure* proc, std::shared_ptr<Program> program)
+        : m_engine(engine), m_proc(proc), m_program(std::move(program)) {}
+    String typeName() const override { return u"Object"; }
+    int memberId(std::u16string_view) const override { return -1; }
+    Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
+    int defaultMemberId() const override { return 0; }
+
+private:
+    Engine& m_engine;
+    Procedure* m_proc;
+    std::shared_ptr<Program> m_program;
+};
+
+String defaultErrorSource(int32_t number);
+
+} // namespace vbs

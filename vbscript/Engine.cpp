@@ -1,0 +1,290 @@
+// The engine's global scope, compilation and entry points.
+#include "Engine.h"
+
+#include "ClassInstance.h"
+#include "Parser.h"
+#include "Resolver.h"
+
+#include <pthread.h>
+
+namespace vbs {
+
+namespace {
+
+constexpr size_t kValueStackSize = 1 << 17;   // locals of all active procedures
+constexpr size_t kRefStackSize = 1 << 15;     // ByRef parameters of all active procedures
+constexpr size_t kStackReserve = 384 * 1024;  // native stack kept free below the engine
+
+// Native stack the engine may use from here on: what remains of this thread's stack minus a
+// reserve for the host and for C++ exception handling.
+size_t nativeStackBudget(char* here)
+{
+    pthread_attr_t attr;
+    size_t budget = 4u << 20;
+    if (pthread_getattr_np(pthread_self(), &attr) == 0) {
+        void* addr = nullptr;
+        size_t size = 0;
+        if (pthread_attr_getstack(&attr, &addr, &size) == 0 && addr) {
+            const size_t remaining = size_t(here - static_cast<char*>(addr));
+            budget = remaining > kStackReserve * 2 ? remaining - kStackReserve : remaining / 2;
+        }
+        pthread_attr_destroy(&attr);
+    }
+    return budget;
+}
+
+} // namespace
+
+void registerCoreBuiltins(Engine& engine);
+
+Engine::Engine(ScriptControl& control)
+    : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>())
+{
+    m_stack.reset(new Value[kValueStackSize]);
+    m_stackSize = kValueStackSize;
+    m_refStack.reset(new Value*[kRefStackSize]);
+    registerCoreBuiltins(*this);
+    reset();
+}
+
+Engine::~Engine()
+{
+    // Release script objects while the engine still runs their Class_Terminate.
+    for (auto& g : m_globals)
+        g.value.clear();
+    *m_alive = false;
+    m_globals.clear();
+}
+
+int Engine::findGlobal(std::u16string_view name) const
+{
+    const auto it = m_globalIndex.find(foldCase(name));
+    return it == m_globalIndex.end() ? -1 : it->second;
+}
+
+int Engine::globalSlot(std::u16string_view name)
+{
+    String key = foldCase(name);
+    const auto it = m_globalIndex.find(key);
+    if (it != m_globalIndex.end())
+        return it->second;
+    const int slot = int(m_globals.size());
+    m_globals.emplace_back();
+    m_globals.back().name = String(name);
+    m_globalIndex.emplace(std::move(key), slot);
+    return slot;
+}
+
+void Engine::registerBuiltin(const BuiltinDef& def)
+{
+    m_builtins.push_back(&def);
+    GlobalSlot& g = global(globalSlot(def.name));
+    g.kind = GlobalSlot::Kind::Builtin;
+    g.builtin = &def;
+}
+
+void Engine::registerConstant(std::u16string_view name, Value value)
+{
+    m_constants.emplace_back(String(name), value);
+    GlobalSlot& g = global(globalSlot(name));
+    g.kind = GlobalSlot::Kind::Const;
+    g.value = std::move(value);
+}
+
+void Engine::addObject(const String& name, Ref<Dispatch> object)
+{
+    GlobalSlot& g = global(globalSlot(name));
+    g.kind = GlobalSlot::Kind::Object;
+    g.value = Value(object);
+}
+
+void Engine::reset()
+{
+    for (auto& g : m_globals)
+        g.value.clear();
+    m_globals.clear();
+    m_globalIndex.clear();
+    m_programs.clear();
+    m_chunkSources.clear();
+    m_err->clear();
+    const auto builtins = std::move(m_builtins);
+    for (const BuiltinDef* b : builtins)
+        registerBuiltin(*b);
+    const auto constants = std::move(m_constants);
+    for (const auto& [name, value] : constants)
+        registerConstant(name, value);
+    addObject(u"Err", m_err);
+}
+
+const String& Engine::chunkSource(int chunk) const
+{
+    static const String none;
+    return chunk >= 0 && size_t(chunk) < m_chunkSources.size() ? m_chunkSources[size_t(chunk)] : none;
+}
+
+std::shared_ptr<Program> Engine::compile(std::u16string_view code, bool expression, Procedure* scope)
+{
+    auto program = std::make_shared<Program>();
+    const bool stored = !expression && !scope;
+    program->chunk = stored ? int(m_chunkSources.size()) : currentChunk();
+    if (stored)
+        m_chunkSources.emplace_back(code);
+    try {
+        Parser parser(lex(code), *program);
+        if (expression) {
+            program->top = std::make_unique<Procedure>();
+            program->top->kind = ProcKind::TopLevel;
+            program->top->chunk = program->chunk;
+            program->expression = parser.parseWholeExpression();
+        } else {
+            parser.parseAll();
+        }
+        if (scope)
+            program->top->optionExplicit = scope->optionExplicit;
+        resolveProgram(*program, *this, scope);
+    } catch (ScriptError& e) {
+        e.chunk = program->chunk;
+        throw;
+    }
+    if (!program->procedures.empty() || !program->classes.empty() || stored)
+        m_programs.push_back(program);
+    for (auto& p : program->procedures)
+        global(findGlobal(p->name)).program = program;
+    for (auto& c : program->classes)
+        global(findGlobal(c->name)).program = program;
+    return program;
+}
+
+void Engine::runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame)
+{
+    if (inCallerFrame && m_frame) {
+        execBlock(program->top->body);
+        return;
+    }
+    Frame frame;
+    frame.proc = program->top.get();
+    frame.chunk = program->chunk;
+    Frame* saved = m_frame;
+    m_frame = &frame;
+    struct Restore {
+        Engine& e;
+        Frame* saved;
+        ~Restore() { e.m_frame = saved; }
+    } restore{*this, saved};
+    execBlock(program->top->body);
+}
+
+void Engine::checkStack()
+{
+    char probe;
+    if (size_t(m_stackBase - &probe) > m_stackBudget || m_depth > 20000)
+        raise(ErrorCode::OutOfStackSpace);
+}
+
+namespace {
+
+// Marks the outermost entry into the engine, where the native stack budget is measured.
+struct Entry {
+    Entry(Engine& e, char*& base, size_t& budget, int& depth) : m_depth(depth)
+    {
+        (void)e;
+        if (m_depth++ == 0) {
+            char here;
+            base = &here;
+            budget = nativeStackBudget(&here);
+        }
+    }
+    ~Entry() { --m_depth; }
+    int& m_depth;
+};
+
+} // namespace
+
+void Engine::addCode(std::u16string_view code)
+{
+    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    auto program = compile(code, false, nullptr);
+    runTopLevel(program, false);
+}
+
+Value Engine::run(std::u16string_view procName, std::vector<Value>& args)
+{
+    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    const int slot = findGlobal(procName);
+    if (slot < 0 || global(slot).kind != GlobalSlot::Kind::Procedure)
+        throw ScriptError(int32_t(ErrorCode::ProcedureNotDefined),
+            errorMessage(ErrorCode::ProcedureNotDefined) + u": '" + String(procName) + u"'");
+    std::vector<Value*> ptrs;
+    for (auto& a : args)
+        ptrs.push_back(&a);
+    std::shared_ptr<Program> keep = global(slot).program;
+    Frame frame;
+    frame.chunk = global(slot).proc->chunk;
+    Frame* saved = m_frame;
+    m_frame = &frame;
+    frame.proc = global(slot).proc;
+    struct Restore {
+        Engine& e;
+        Frame* saved;
+        ~Restore() { e.m_frame = saved; }
+    } restore{*this, saved};
+    return callProcedure(global(slot).proc, nullptr, ptrs);
+}
+
+Value Engine::evalText(std::u16string_view expression)
+{
+    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    Frame frame;
+    auto program = compile(expression, true, nullptr);
+    frame.proc = program->top.get();
+    Frame* saved = m_frame;
+    m_frame = &frame;
+    struct Restore {
+        Engine& e;
+        Frame* saved;
+        ~Restore() { e.m_frame = saved; }
+    } restore{*this, saved};
+    return eval(program->expression.get());
+}
+
+namespace {
+
+// Code run by Execute/Eval reports its errors at the statement that ran it.
+void unlocate(ScriptError& e)
+{
+    e.line = 0;
+    e.column = 0;
+    e.chunk = -1;
+}
+
+} // namespace
+
+void Engine::executeStatements(std::u16string_view code, bool globalScope)
+{
+    Procedure* scope = nullptr;
+    if (!globalScope && m_frame && m_frame->proc && m_frame->proc->kind != ProcKind::TopLevel)
+        scope = m_frame->proc;
+    try {
+        auto program = compile(code, false, scope);
+        runTopLevel(program, scope != nullptr);
+    } catch (ScriptError& e) {
+        unlocate(e);
+        throw;
+    }
+}
+
+Value Engine::evaluate(std::u16string_view expression)
+{
+    Procedure* scope = nullptr;
+    if (m_frame && m_frame->proc && m_frame->proc->kind != ProcKind::TopLevel)
+        scope = m_frame->proc;
+    try {
+        auto program = compile(expression, true, scope);
+        return eval(program->expression.get());
+    } catch (ScriptError& e) {
+        unlocate(e);
+        throw;
+    }
+}
+
+} // namespace vbs

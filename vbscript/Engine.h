@@ -1,0 +1,147 @@
+// The engine behind a ScriptControl: global scope, compiled code, and the interpreter.
+#pragma once
+
+#include "Ast.h"
+#include "Builtins.h"
+#include "Host.h"
+#include "ScriptControl.h"
+
+#include <deque>
+#include <memory>
+#include <unordered_map>
+
+namespace vbs {
+
+class ClassInstance;
+class ErrObject;
+
+struct GlobalSlot {
+    enum class Kind : uint8_t { Undeclared, Variable, Const, Procedure, Builtin, Class, Object };
+    Kind kind = Kind::Undeclared;
+    String name;
+    Value value;
+    Procedure* proc = nullptr;
+    const BuiltinDef* builtin = nullptr;
+    ClassDef* cls = nullptr;
+    std::shared_ptr<Program> program; // keeps a class or procedure alive
+};
+
+// One activation of a procedure (or of top-level code).
+struct Frame {
+    Procedure* proc = nullptr;
+    Value* vars = nullptr;
+    Value** refs = nullptr;
+    ClassInstance* me = nullptr;
+    bool resumeNext = false;
+    int chunk = 0;
+};
+
+enum class Flow : uint8_t { Normal, ExitDo, ExitFor, ExitProc };
+
+class Engine {
+public:
+    explicit Engine(ScriptControl& control);
+    ~Engine();
+
+    // Global scope.
+    int globalSlot(std::u16string_view name); // creates an Undeclared slot when missing
+    int findGlobal(std::u16string_view name) const; // -1 when missing
+    GlobalSlot& global(int i) { return m_globals[size_t(i)]; }
+    void registerBuiltin(const BuiltinDef& def);
+    void registerConstant(std::u16string_view name, Value value);
+    void addObject(const String& name, Ref<Dispatch> object);
+    void reset();
+
+    // Entry points used by ScriptControl; they throw located ScriptErrors.
+    void addCode(std::u16string_view code);
+    Value run(std::u16string_view procName, std::vector<Value>& args);
+    Value evalText(std::u16string_view expression);
+    // Execute / ExecuteGlobal / Eval as scripts call them (in the caller's scope where possible).
+    void executeStatements(std::u16string_view code, bool global);
+    Value evaluate(std::u16string_view expression);
+
+    Host& host() const { return *m_host; }
+    void setHost(Host* host) { m_host = host ? host : &defaultHost(); }
+    RandomState& random() { return m_random; }
+    ErrObject& err() { return *m_err; }
+    const String& chunkSource(int chunk) const;
+
+    // Interpreter (Interpreter*.cpp).
+    Value callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args);
+    Value callValue(const Value& callee, std::span<Value*> args); // GetRef objects, defaults
+    Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
+    void runTerminate(ClassInstance* instance) noexcept;
+    // Arrays and default members, shared with ClassInstance.
+    Value indexValue(const Value& v, std::span<Value*> args, bool statement);
+    Value* elementRef(Value& array, std::span<Value*> indices);
+    static size_t flatIndex(const ArrayRep* rep, std::span<Value*> indices);
+    // For error locations: the chunk of the running code.
+    int currentChunk() const { return m_frame ? m_frame->chunk : 0; }
+
+private:
+    friend class ClassInstance;
+    std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
+    void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
+    void checkStack();
+
+    // Statements.
+    Flow execBlock(const Block& block);
+    Flow exec(const Stmt* s);
+    Flow execFor(const ForStmt* s);
+    Flow execForEach(const ForEachStmt* s);
+    Flow execDo(const DoStmt* s);
+    Flow execSelect(const SelectStmt* s);
+    void execAssign(const AssignStmt* s);
+    void execDim(const DimStmt* s);
+    void execErase(const EraseStmt* s);
+    void locate(ScriptError& e, int line, int column);
+    void noteError(const ScriptError& e);
+
+    // Expressions.
+    Value eval(const Expr* e);
+    Value evalBinary(const BinaryExpr* e);
+    bool evalCondition(const Expr* e);
+    Value evalName(const NameExpr* e);
+    Value evalCall(const CallExpr* e, bool statement);
+    Value evalMember(const MemberExpr* e, std::span<Value*> args, bool statement);
+    Value evalNew(const NewExpr* e);
+    Value callGlobal(GlobalSlot& g, const CallExpr* call, bool statement);
+    Value callBuiltin(const BuiltinDef* def, std::span<Value*> args);
+    Value callMeMember(int member, std::span<Value*> args, bool statement);
+    enum class RefMode { Arg, Write };
+    Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
+    void assignTo(const Expr* target, Value value, bool isSet);
+    Value& withObject(const WithExpr* e);
+
+    struct ArgList;
+    void evalArgs(const std::vector<ExprPtr>& args, const Procedure* callee, ArgList& out);
+
+    ScriptControl& m_control;
+    Host* m_host;
+    RandomState m_random;
+    Ref<ErrObject> m_err;
+    std::deque<GlobalSlot> m_globals;
+    std::unordered_map<String, int> m_globalIndex;
+    std::vector<const BuiltinDef*> m_builtins; // re-registered after reset
+    std::vector<std::pair<String, Value>> m_constants;
+    std::vector<std::shared_ptr<Program>> m_programs;
+    std::vector<String> m_chunkSources;
+    std::shared_ptr<Program> m_runningProgram;
+
+    std::unique_ptr<Value[]> m_stack;
+    size_t m_stackSize = 0;
+    size_t m_sp = 0;
+    std::unique_ptr<Value*[]> m_refStack;
+    size_t m_rsp = 0;
+    Frame* m_frame = nullptr;
+    Frame m_globalFrame;
+    int m_depth = 0;
+    char* m_stackBase = nullptr;  // native stack at the outermost entry
+    size_t m_stackBudget = 0;     // bytes of native stack the engine may use
+    int m_entryDepth = 0;
+
+public:
+    std::shared_ptr<bool> m_alive = std::make_shared<bool>(true);
+};
+
+} // namespace vbs

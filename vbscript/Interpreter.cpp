@@ -1,0 +1,288 @@
+// Interpreter: expressions.
+#include "Engine.h"
+
+#include "ClassInstance.h"
+#include "Operators.h"
+
+namespace vbs {
+
+namespace {
+
+bool isInt(VarType t)
+{
+    return t == VarType::Integer || t == VarType::Long;
+}
+
+int64_t rawInt(const Value& v)
+{
+    return v.type() == VarType::Integer ? v.rawInteger() : v.rawLong();
+}
+
+Value fitInt(int64_t r, bool bothInteger)
+{
+    if (bothInteger && r >= -32768 && r <= 32767)
+        return Value(int16_t(r));
+    if (r >= INT32_MIN && r <= INT32_MAX)
+        return Value(int32_t(r));
+    return Value(double(r));
+}
+
+String nameOf(const Expr* e)
+{
+    switch (e->kind) {
+    case ExprKind::Name: case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Global:
+    case ExprKind::Implicit: case ExprKind::Field: case ExprKind::MeMember:
+        return static_cast<const NameExpr*>(e)->name;
+    case ExprKind::Member:
+        return static_cast<const MemberExpr*>(e)->name;
+    default:
+        return {};
+    }
+}
+
+} // namespace
+
+[[noreturn]] void raiseNamed(ErrorCode code, const String& name)
+{
+    if (name.empty())
+        raise(code);
+    throw ScriptError(int32_t(code), errorMessage(code) + u": '" + name + u"'");
+}
+
+Value Engine::eval(const Expr* e)
+{
+    switch (e->kind) {
+    case ExprKind::Literal:
+        return static_cast<const LiteralExpr*>(e)->value;
+    case ExprKind::Local:
+        return m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::RefParam:
+        return *m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::Field:
+        return m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
+    case ExprKind::Global: case ExprKind::Implicit:
+        return evalName(static_cast<const NameExpr*>(e));
+    case ExprKind::MeMember:
+        return callMeMember(static_cast<const NameExpr*>(e)->slot, {}, false);
+    case ExprKind::Me:
+        return Value(Ref<Object>(m_frame->me));
+    case ExprKind::WithObject:
+        return withObject(static_cast<const WithExpr*>(e));
+    case ExprKind::Call:
+        return evalCall(static_cast<const CallExpr*>(e), false);
+    case ExprKind::Member:
+        return evalMember(static_cast<const MemberExpr*>(e), {}, false);
+    case ExprKind::New:
+        return evalNew(static_cast<const NewExpr*>(e));
+    case ExprKind::Neg:
+        return ops::neg(eval(static_cast<const UnaryExpr*>(e)->operand.get()));
+    case ExprKind::Not:
+        return ops::logicNot(eval(static_cast<const UnaryExpr*>(e)->operand.get()));
+    case ExprKind::Name:
+        raise(ErrorCode::InternalError);
+    default:
+        return evalBinary(static_cast<const BinaryExpr*>(e));
+    }
+}
+
+Value Engine::evalBinary(const BinaryExpr* e)
+{
+    const Value l = eval(e->left.get());
+    const Value r = eval(e->right.get());
+    const VarType lt = l.type(), rt = r.type();
+    if (isInt(lt) && isInt(rt)) {
+        const int64_t x = rawInt(l), y = rawInt(r);
+        const bool bothInteger = lt == VarType::Integer && rt == VarType::Integer;
+        switch (e->kind) {
+        case ExprKind::Add: return fitInt(x + y, bothInteger);
+        case ExprKind::Sub: return fitInt(x - y, bothInteger);
+        case ExprKind::Mul: return fitInt(x * y, bothInteger);
+        case ExprKind::Eq: return Value(x == y);
+        case ExprKind::Ne: return Value(x != y);
+        case ExprKind::Lt: return Value(x < y);
+        case ExprKind::Gt: return Value(x > y);
+        case ExprKind::Le: return Value(x <= y);
+        case ExprKind::Ge: return Value(x >= y);
+        case ExprKind::Mod:
+            if (y == 0)
+                raise(ErrorCode::DivisionByZero);
+            return fitInt(x % y, bothInteger);
+        case ExprKind::IntDiv:
+            if (y == 0)
+                raise(ErrorCode::DivisionByZero);
+            return fitInt(x / y, bothInteger);
+        default:
+            break;
+        }
+    } else if (lt == VarType::Double && rt == VarType::Double) {
+        const double x = l.rawDouble(), y = r.rawDouble();
+        switch (e->kind) {
+        case ExprKind::Add: return ops::add(l, r);
+        case ExprKind::Lt: return Value(x < y);
+        case ExprKind::Gt: return Value(x > y);
+        case ExprKind::Le: return Value(x <= y);
+        case ExprKind::Ge: return Value(x >= y);
+        case ExprKind::Eq: return Value(x == y);
+        case ExprKind::Ne: return Value(x != y);
+        default: break;
+        }
+    }
+    switch (e->kind) {
+    case ExprKind::Add: return ops::add(l, r);
+    case ExprKind::Sub: return ops::sub(l, r);
+    case ExprKind::Mul: return ops::mul(l, r);
+    case ExprKind::Div: return ops::div(l, r);
+    case ExprKind::IntDiv: return ops::intDiv(l, r);
+    case ExprKind::Mod: return ops::mod(l, r);
+    case ExprKind::Pow: return ops::pow(l, r);
+    case ExprKind::Concat: return ops::concat(l, r);
+    case ExprKind::And: return ops::logicAnd(l, r);
+    case ExprKind::Or: return ops::logicOr(l, r);
+    case ExprKind::Xor: return ops::logicXor(l, r);
+    case ExprKind::Eqv: return ops::logicEqv(l, r);
+    case ExprKind::Imp: return ops::logicImp(l, r);
+    case ExprKind::Is: return Value(ops::same(l, r));
+    default: break;
+    }
+    const int c = ops::compare(l, r, e->leftLiteral, e->rightLiteral);
+    if (c == ops::kCompareNull)
+        return Value::null();
+    switch (e->kind) {
+    case ExprKind::Eq: return Value(c == 0);
+    case ExprKind::Ne: return Value(c != 0);
+    case ExprKind::Lt: return Value(c < 0);
+    case ExprKind::Gt: return Value(c > 0);
+    case ExprKind::Le: return Value(c <= 0);
+    default: return Value(c >= 0);
+    }
+}
+
+bool Engine::evalCondition(const Expr* e)
+{
+    const Value v = eval(e);
+    if (v.type() == VarType::Boolean)
+        return v.rawBool();
+    if (v.isNull())
+        return false;
+    return v.toBoolean();
+}
+
+Value Engine::evalName(const NameExpr* e)
+{
+    GlobalSlot& g = global(e->slot);
+    using Kind = GlobalSlot::Kind;
+    switch (g.kind) {
+    case Kind::Variable: case Kind::Const: case Kind::Object:
+        return g.value;
+    case Kind::Undeclared:
+        if (e->kind == ExprKind::Implicit)
+            return m_frame->vars[e->localSlot];
+        if (m_frame->proc && m_frame->proc->optionExplicit)
+            raiseNamed(ErrorCode::VariableUndefined, e->name);
+        return {};
+    case Kind::Procedure:
+        return callProcedure(g.proc, nullptr, {});
+    case Kind::Builtin:
+        return callBuiltin(g.builtin, {});
+    default:
+        raiseNamed(ErrorCode::TypeMismatch, e->name);
+    }
+}
+
+Value& Engine::withObject(const WithExpr* e)
+{
+    if (e->slot == -1)
+        raise(ErrorCode::InvalidReference);
+    if (e->slot >= 0)
+        return m_frame->vars[e->slot];
+    return global(-2 - e->slot).value;
+}
+
+Value* Engine::variableRef(const Expr* e, RefMode mode)
+{
+    switch (e->kind) {
+    case ExprKind::Local:
+        return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::RefParam:
+        return m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::Field:
+        return &m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
+    case ExprKind::Global: case ExprKind::Implicit: {
+        const auto* n = static_cast<const NameExpr*>(e);
+        GlobalSlot& g = global(n->slot);
+        using Kind = GlobalSlot::Kind;
+        switch (g.kind) {
+        case Kind::Variable:
+            return &g.value;
+        case Kind::Undeclared:
+            if (e->kind == ExprKind::Implicit)
+                return &m_frame->vars[n->localSlot];
+            if (m_frame->proc && m_frame->proc->optionExplicit)
+                raiseNamed(ErrorCode::VariableUndefined, n->name);
+            g.kind = Kind::Variable;
+            return &g.value;
+        default:
+            if (mode == RefMode::Write)
+                raiseNamed(ErrorCode::IllegalAssignment, n->name);
+            return nullptr;
+        }
+    }
+    default:
+        return nullptr;
+    }
+}
+
+Value Engine::evalNew(const NewExpr* e)
+{
+    GlobalSlot& g = global(e->slot);
+    if (g.kind != GlobalSlot::Kind::Class)
+        raiseNamed(ErrorCode::ClassNotDefined, e->className);
+    return newInstance(g.cls, g.program);
+}
+
+Value Engine::newInstance(ClassDef* cls, const std::shared_ptr<Program>& program)
+{
+    Ref<ClassInstance> obj(new ClassInstance(*this, cls, program));
+    if (cls->initialize)
+        callProcedure(cls->initialize, obj.get(), {});
+    return Value(obj);
+}
+
+void Engine::runTerminate(ClassInstance* instance) noexcept
+{
+    try {
+        Frame* saved = m_frame;
+        Frame frame;
+        if (!m_frame)
+            m_frame = &frame;
+        try {
+            callProcedure(instance->classDef()->terminate, instance, {});
+        } catch (...) {
+        }
+        m_frame = saved;
+    } catch (...) {
+    }
+}
+
+Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool statement)
+{
+    const Value obj = eval(e->object.get());
+    if (!obj.isObject())
+        raiseNamed(ErrorCode::ObjectRequired, nameOf(e->object.get()));
+    if (!obj.object())
+        raiseNamed(ErrorCode::ObjectVariableNotSet, nameOf(e->object.get()));
+    Dispatch* d = obj.object()->asDispatch();
+    int id = -1;
+    if (d) {
+        // Code inside a class reaches the private members of its own instance.
+        if (m_frame->me && d == m_frame->me)
+            id = m_frame->me->anyMemberId(e->name);
+        else
+            id = d->memberId(e->name);
+    }
+    if (id < 0)
+        raiseNamed(ErrorCode::NoSuchMember, e->name);
+    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+}
+
+} // namespace vbs

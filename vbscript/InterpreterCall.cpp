@@ -1,0 +1,308 @@
+// Interpreter: calls, arguments by reference, arrays, default members and assignment.
+#include "Engine.h"
+
+#include "ClassInstance.h"
+
+namespace vbs {
+
+[[noreturn]] void raiseNamed(ErrorCode code, const String& name);
+
+// Argument pointers for one call; small calls keep everything on the native stack.
+struct Engine::ArgList {
+    static constexpr size_t kInline = 6;
+    Value inlineTemps[kInline];
+    Value* inlinePtrs[kInline];
+    std::unique_ptr<Value[]> heapTemps;
+    std::unique_ptr<Value*[]> heapPtrs;
+    Value* temps = inlineTemps;
+    Value** ptrs = inlinePtrs;
+    size_t count = 0;
+
+    void reserve(size_t n)
+    {
+        if (n > kInline) {
+            heapTemps.reset(new Value[n]);
+            heapPtrs.reset(new Value*[n]);
+            temps = heapTemps.get();
+            ptrs = heapPtrs.get();
+        }
+        count = n;
+    }
+    std::span<Value*> span() { return {ptrs, count}; }
+};
+
+// Variables are passed by reference (a ByVal parameter copies on entry); anything else, and
+// a variable in parentheses, as a temporary.
+void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgList& out)
+{
+    out.reserve(args.size());
+    for (size_t i = 0; i < args.size(); ++i) {
+        const Expr* a = args[i].get();
+        if (!a) {
+            out.temps[i] = Value::missing();
+            out.ptrs[i] = &out.temps[i];
+            continue;
+        }
+        if (!a->parenthesized) {
+            if (Value* p = variableRef(a, RefMode::Arg)) {
+                out.ptrs[i] = p;
+                continue;
+            }
+        }
+        out.temps[i] = eval(a);
+        out.ptrs[i] = &out.temps[i];
+    }
+}
+
+Value Engine::evalCall(const CallExpr* c, bool statement)
+{
+    const Expr* t = c->target.get();
+    ArgList args;
+    switch (t->kind) {
+    case ExprKind::Global:
+        return callGlobal(global(static_cast<const NameExpr*>(t)->slot), c, statement);
+    case ExprKind::Implicit: {
+        GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
+        if (g.kind != GlobalSlot::Kind::Undeclared)
+            return callGlobal(g, c, statement);
+        evalArgs(c->args, nullptr, args);
+        return indexValue(m_frame->vars[static_cast<const NameExpr*>(t)->localSlot], args.span(), statement);
+    }
+    case ExprKind::MeMember:
+        evalArgs(c->args, nullptr, args);
+        return callMeMember(static_cast<const NameExpr*>(t)->slot, args.span(), statement);
+    case ExprKind::Member:
+        evalArgs(c->args, nullptr, args);
+        return evalMember(static_cast<const MemberExpr*>(t), args.span(), statement);
+    case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: {
+        Value* v = variableRef(t, RefMode::Arg);
+        evalArgs(c->args, nullptr, args);
+        return indexValue(*v, args.span(), statement);
+    }
+    default: {
+        const Value v = eval(t);
+        evalArgs(c->args, nullptr, args);
+        return indexValue(v, args.span(), statement);
+    }
+    }
+}
+
+Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
+{
+    using Kind = GlobalSlot::Kind;
+    ArgList args;
+    switch (g.kind) {
+    case Kind::Procedure: {
+        Procedure* proc = g.proc;
+        std::shared_ptr<Program> keep = g.program; // ExecuteGlobal may replace it while it runs
+        evalArgs(c->args, proc, args);
+        return callProcedure(proc, nullptr, args.span());
+    }
+    case Kind::Builtin:
+        evalArgs(c->args, nullptr, args);
+        return callBuiltin(g.builtin, args.span());
+    case Kind::Variable: case Kind::Const: case Kind::Object: {
+        evalArgs(c->args, nullptr, args);
+        return indexValue(g.value, args.span(), statement);
+    }
+    case Kind::Undeclared:
+        if (m_frame->proc && m_frame->proc->optionExplicit)
+            raiseNamed(ErrorCode::VariableUndefined, g.name);
+        if (c->args.empty() && !statement)
+            return {};
+        raiseNamed(ErrorCode::TypeMismatch, g.name);
+    default:
+        raiseNamed(ErrorCode::TypeMismatch, g.name);
+    }
+}
+
+Value Engine::callBuiltin(const BuiltinDef* def, std::span<Value*> args)
+{
+    // Trailing omitted arguments are not passed at all.
+    while (!args.empty() && args.back()->isMissing())
+        args = args.first(args.size() - 1);
+    if (int(args.size()) < def->minArgs || (def->maxArgs >= 0 && int(args.size()) > def->maxArgs))
+        raiseNamed(ErrorCode::WrongArgumentCount, String(def->name));
+    CallContext ctx(*this, *m_host, m_random);
+    return def->fn(ctx, args);
+}
+
+Value Engine::callMeMember(int member, std::span<Value*> args, bool statement)
+{
+    return m_frame->me->invoke(member, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+}
+
+size_t Engine::flatIndex(const ArrayRep* rep, std::span<Value*> indices)
+{
+    if (indices.size() != rep->counts.size())
+        raise(ErrorCode::SubscriptOutOfRange);
+    size_t flat = 0, stride = 1;
+    for (size_t d = 0; d < indices.size(); ++d) {
+        const Value& iv = *indices[d];
+        const int32_t i = iv.type() == VarType::Integer ? iv.rawInteger()
+            : iv.type() == VarType::Long ? iv.rawLong() : iv.toLong();
+        if (i < 0 || i >= rep->counts[d])
+            raise(ErrorCode::SubscriptOutOfRange);
+        flat += size_t(i) * stride;
+        stride *= size_t(rep->counts[d]);
+    }
+    return flat;
+}
+
+Value* Engine::elementRef(Value& array, std::span<Value*> indices)
+{
+    if (!array.isArray())
+        raise(ErrorCode::TypeMismatch);
+    const size_t i = flatIndex(array.array(), indices);
+    return &array.mutableArray()->items[i];
+}
+
+Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement)
+{
+    if (v.isArray()) {
+        if (args.empty())
+            return v;
+        return v.array()->items[flatIndex(v.array(), args)];
+    }
+    if (v.isObject()) {
+        if (args.empty() && !statement)
+            return v;
+        Dispatch* d = v.toDispatch();
+        const int id = d->defaultMemberId();
+        if (id < 0)
+            raise(ErrorCode::NoSuchMember);
+        return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+    }
+    if (args.empty())
+        return v;
+    raise(ErrorCode::TypeMismatch);
+}
+
+Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
+{
+    if (args.size() != proc->params.size())
+        raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
+    checkStack();
+    const size_t n = size_t(proc->localCount), np = proc->params.size();
+    if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
+        raise(ErrorCode::OutOfStackSpace);
+    Frame frame;
+    frame.proc = proc;
+    frame.vars = &m_stack[m_sp];
+    frame.refs = &m_refStack[m_rsp];
+    frame.me = me;
+    frame.chunk = proc->chunk;
+    for (size_t i = 0; i < np; ++i) {
+        if (proc->params[i].byRef)
+            frame.refs[i] = args[i];
+        else
+            frame.vars[i] = *args[i];
+    }
+    m_sp += n;
+    m_rsp += np;
+    ++m_depth;
+    Frame* saved = m_frame;
+    m_frame = &frame;
+    struct Cleanup {
+        Engine& e;
+        Frame& f;
+        Frame* saved;
+        size_t n, np;
+        ~Cleanup()
+        {
+            e.m_frame = saved;
+            for (size_t i = 0; i < n; ++i)
+                f.vars[i].clear();
+            e.m_sp -= n;
+            e.m_rsp -= np;
+            --e.m_depth;
+        }
+    } cleanup{*this, frame, saved, n, np};
+    execBlock(proc->body);
+    if (proc->resultSlot >= 0)
+        return std::move(frame.vars[proc->resultSlot]);
+    return {};
+}
+
+Value Engine::callValue(const Value& callee, std::span<Value*> args)
+{
+    return indexValue(callee, args, false);
+}
+
+void Engine::assignTo(const Expr* target, Value value, bool isSet)
+{
+    if (isSet) {
+        if (!value.isObject())
+            raise(ErrorCode::ObjectRequired);
+    } else if (value.isObject()) {
+        value = value.defaultValue();
+    }
+    const InvokeKind kind = isSet ? InvokeKind::PropertySet : InvokeKind::PropertyLet;
+    switch (target->kind) {
+    case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: case ExprKind::Global:
+    case ExprKind::Implicit:
+        *variableRef(target, RefMode::Write) = std::move(value);
+        return;
+    case ExprKind::MeMember: {
+        Value* args[] = {&value};
+        m_frame->me->invoke(static_cast<const NameExpr*>(target)->slot, kind, args);
+        return;
+    }
+    case ExprKind::Member: {
+        const auto* m = static_cast<const MemberExpr*>(target);
+        const Value obj = eval(m->object.get());
+        Dispatch* d = obj.toDispatch();
+        const int id = (m_frame->me && d == m_frame->me) ? m_frame->me->anyMemberId(m->name) : d->memberId(m->name);
+        if (id < 0)
+            raiseNamed(ErrorCode::NoSuchMember, m->name);
+        Value* args[] = {&value};
+        d->invoke(id, kind, args);
+        return;
+    }
+    case ExprKind::Call:
+        break;
+    default:
+        raise(ErrorCode::IllegalAssignment);
+    }
+    // target(args) = value: an array element, or a property / default member with arguments.
+    const auto* c = static_cast<const CallExpr*>(target);
+    const Expr* t = c->target.get();
+    ArgList args;
+    if (Value* var = variableRef(t, RefMode::Arg)) {
+        evalArgs(c->args, nullptr, args);
+        if (var->isArray()) {
+            *elementRef(*var, args.span()) = std::move(value);
+            return;
+        }
+        if (!var->isObject())
+            raise(ErrorCode::TypeMismatch);
+        Dispatch* d = var->toDispatch();
+        std::vector<Value*> all(args.span().begin(), args.span().end());
+        all.push_back(&value);
+        const int id = d->defaultMemberId();
+        if (id < 0)
+            raise(ErrorCode::NoSuchMember);
+        d->invoke(id, kind, all);
+        return;
+    }
+    evalArgs(c->args, nullptr, args);
+    std::vector<Value*> all(args.span().begin(), args.span().end());
+    all.push_back(&value);
+    if (t->kind == ExprKind::MeMember) {
+        m_frame->me->invoke(static_cast<const NameExpr*>(t)->slot, kind, all);
+        return;
+    }
+    if (t->kind == ExprKind::Member) {
+        const auto* m = static_cast<const MemberExpr*>(t);
+        const Value obj = eval(m->object.get());
+        Dispatch* d = obj.toDispatch();
+        const int id = (m_frame->me && d == m_frame->me) ? m_frame->me->anyMemberId(m->name) : d->memberId(m->name);
+        if (id < 0)
+            raiseNamed(ErrorCode::NoSuchMember, m->name);
+        d->invoke(id, kind, all);
+        return;
+    }
+    raise(ErrorCode::IllegalAssignment);
+}
+
+} // namespace vbs

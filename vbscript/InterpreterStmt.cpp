@@ -1,0 +1,317 @@
+// Interpreter: statements, loops and On Error Resume Next.
+#include "Engine.h"
+
+#include "ClassInstance.h"
+#include "Operators.h"
+
+namespace vbs {
+
+void Engine::locate(ScriptError& e, int line, int column)
+{
+    e.line = line;
+    e.column = column;
+    e.chunk = currentChunk();
+}
+
+void Engine::noteError(const ScriptError& e)
+{
+    m_err->set(e);
+}
+
+Flow Engine::execBlock(const Block& block)
+{
+    for (const auto& sp : block) {
+        const Stmt* s = sp.get();
+        try {
+            const Flow f = exec(s);
+            if (f != Flow::Normal)
+                return f;
+        } catch (ScriptError& e) {
+            if (!e.located())
+                locate(e, s->line, s->column);
+            if (!m_frame->resumeNext || e.number == int32_t(ErrorCode::OutOfStackSpace))
+                throw;
+            noteError(e);
+        } catch (const std::bad_alloc&) {
+            ScriptError e(ErrorCode::OutOfMemory);
+            locate(e, s->line, s->column);
+            if (!m_frame->resumeNext)
+                throw e;
+            noteError(e);
+        }
+    }
+    return Flow::Normal;
+}
+
+Flow Engine::exec(const Stmt* s)
+{
+    switch (s->kind) {
+    case StmtKind::Call:
+        evalCall(static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get()), true);
+        return Flow::Normal;
+    case StmtKind::Assign:
+        execAssign(static_cast<const AssignStmt*>(s));
+        return Flow::Normal;
+    case StmtKind::If: {
+        const auto* st = static_cast<const IfStmt*>(s);
+        for (const auto& arm : st->arms)
+            if (evalCondition(arm.condition.get()))
+                return execBlock(arm.body);
+        return execBlock(st->elseBody);
+    }
+    case StmtKind::For:
+        return execFor(static_cast<const ForStmt*>(s));
+    case StmtKind::ForEach:
+        return execForEach(static_cast<const ForEachStmt*>(s));
+    case StmtKind::Do:
+        return execDo(static_cast<const DoStmt*>(s));
+    case StmtKind::Select:
+        return execSelect(static_cast<const SelectStmt*>(s));
+    case StmtKind::With: {
+        const auto* w = static_cast<const WithStmt*>(s);
+        WithExpr where(0, 0);
+        where.slot = w->slot;
+        Value& slot = withObject(&where);
+        slot = eval(w->object.get());
+        struct Clear {
+            Engine& e;
+            WithExpr& where;
+            ~Clear() { e.withObject(&where).clear(); }
+        } clear{*this, where};
+        return execBlock(w->body);
+    }
+    case StmtKind::Dim: case StmtKind::ReDim:
+        execDim(static_cast<const DimStmt*>(s));
+        return Flow::Normal;
+    case StmtKind::Erase:
+        execErase(static_cast<const EraseStmt*>(s));
+        return Flow::Normal;
+    case StmtKind::Exit:
+        switch (static_cast<const ExitStmt*>(s)->exitKind) {
+        case ExitKind::Do: return Flow::ExitDo;
+        case ExitKind::For: return Flow::ExitFor;
+        default: return Flow::ExitProc;
+        }
+    case StmtKind::Const:
+        for (const auto& [name, value] : static_cast<const ConstStmt*>(s)->items)
+            if (name->kind != ExprKind::Global)
+                *variableRef(name.get(), RefMode::Write) = static_cast<const LiteralExpr*>(value.get())->value;
+        return Flow::Normal;
+    case StmtKind::OnErrorResumeNext:
+        m_frame->resumeNext = true;
+        m_err->clear();
+        return Flow::Normal;
+    case StmtKind::OnErrorGoto0:
+        m_frame->resumeNext = false;
+        m_err->clear();
+        return Flow::Normal;
+    case StmtKind::Nop:
+        return Flow::Normal;
+    }
+    return Flow::Normal;
+}
+
+void Engine::execAssign(const AssignStmt* s)
+{
+    if (s->appendsToTarget) {
+        // "s = s & x" appends in place when the variable holds the only reference.
+        Value rhs = eval(static_cast<const BinaryExpr*>(s->value.get())->right.get());
+        Value* p = variableRef(s->target.get(), RefMode::Write);
+        if (p->isString()) {
+            if (rhs.isString())
+                ValueAccess::appendString(*p, rhs.str());
+            else if (!rhs.isNull())
+                ValueAccess::appendString(*p, rhs.toString());
+            return;
+        }
+        *p = ops::concat(*p, rhs);
+        return;
+    }
+    assignTo(s->target.get(), eval(s->value.get()), s->isSet);
+}
+
+namespace {
+
+enum class NumKind { Int, Double };
+
+} // namespace
+
+Flow Engine::execFor(const ForStmt* s)
+{
+    const Value from = eval(s->from.get()).toNumber();
+    const Value to = eval(s->to.get()).toNumber();
+    const Value step = s->step ? eval(s->step.get()).toNumber() : Value(int16_t(1));
+    if (from.isNull() || to.isNull() || step.isNull())
+        raise(ErrorCode::InvalidUseOfNull);
+    auto isIntType = [](const Value& v) {
+        return v.type() == VarType::Integer || v.type() == VarType::Long || v.type() == VarType::Byte
+            || v.type() == VarType::Boolean || v.type() == VarType::Empty;
+    };
+    if (isIntType(from) && isIntType(to) && isIntType(step)) {
+        const bool useLong = from.type() == VarType::Long || to.type() == VarType::Long
+            || step.type() == VarType::Long;
+        int64_t i = from.toLong();
+        const int64_t end = to.toLong(), inc = step.toLong();
+        while (inc >= 0 ? i <= end : i >= end) {
+            Value* var = variableRef(s->var.get(), RefMode::Write);
+            *var = useLong ? Value(int32_t(i)) : Value(int16_t(i));
+            const Flow f = execBlock(s->body);
+            if (f == Flow::ExitFor)
+                break;
+            if (f != Flow::Normal)
+                return f;
+            var = variableRef(s->var.get(), RefMode::Write);
+            const VarType vt = var->type();
+            i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
+            if (i > INT32_MAX || i < INT32_MIN || (!useLong && (i > 32767 || i < -32768))) {
+                if (inc >= 0 ? i <= end : i >= end)
+                    raise(ErrorCode::Overflow);
+                break;
+            }
+        }
+        return Flow::Normal;
+    }
+    double i = from.toDouble();
+    const double end = to.toDouble(), inc = step.toDouble();
+    const bool single = from.type() == VarType::Single && to.type() != VarType::Double && step.type() != VarType::Double;
+    while (inc >= 0 ? i <= end : i >= end) {
+        Value* var = variableRef(s->var.get(), RefMode::Write);
+        *var = single ? Value(float(i)) : Value(i);
+        const Flow f = execBlock(s->body);
+        if (f == Flow::ExitFor)
+            break;
+        if (f != Flow::Normal)
+            return f;
+        i = variableRef(s->var.get(), RefMode::Write)->toDouble() + inc;
+    }
+    return Flow::Normal;
+}
+
+Flow Engine::execForEach(const ForEachStmt* s)
+{
+    const Value coll = eval(s->collection.get());
+    std::vector<Value> items;
+    if (coll.isArray()) {
+        items = coll.array()->items;
+    } else if (coll.isObject()) {
+        Dispatch* d = coll.toDispatch();
+        if (!d->enumerate(items))
+            raise(ErrorCode::NotACollection);
+    } else {
+        raise(ErrorCode::NotACollection);
+    }
+    for (auto& item : items) {
+        *variableRef(s->var.get(), RefMode::Write) = std::move(item);
+        const Flow f = execBlock(s->body);
+        if (f == Flow::ExitFor)
+            break;
+        if (f != Flow::Normal)
+            return f;
+    }
+    return Flow::Normal;
+}
+
+Flow Engine::execDo(const DoStmt* s)
+{
+    while (true) {
+        if (s->testAtTop && s->condition) {
+            const bool c = evalCondition(s->condition.get());
+            if (s->until ? c : !c)
+                break;
+        }
+        const Flow f = execBlock(s->body);
+        if (f == Flow::ExitDo && !s->isWhileWend)
+            break;
+        if (f != Flow::Normal)
+            return f;
+        if (!s->testAtTop && s->condition) {
+            const bool c = evalCondition(s->condition.get());
+            if (s->until ? c : !c)
+                break;
+        }
+    }
+    return Flow::Normal;
+}
+
+namespace {
+
+bool numericLiteral(const Expr* e)
+{
+    if (e->kind == ExprKind::Literal)
+        return static_cast<const LiteralExpr*>(e)->numericLiteral;
+    if (e->kind == ExprKind::Neg)
+        return numericLiteral(static_cast<const UnaryExpr*>(e)->operand.get());
+    if (e->kind == ExprKind::Local || e->kind == ExprKind::Global)
+        return static_cast<const NameExpr*>(e)->isConst;
+    return false;
+}
+
+} // namespace
+
+Flow Engine::execSelect(const SelectStmt* s)
+{
+    const Value subject = eval(s->subject.get());
+    const bool subjectLiteral = numericLiteral(s->subject.get());
+    for (const auto& arm : s->arms) {
+        for (const auto& v : arm.values) {
+            const Value candidate = eval(v.get());
+            if (ops::compare(subject, candidate, subjectLiteral, numericLiteral(v.get())) == 0)
+                return execBlock(arm.body);
+        }
+    }
+    return execBlock(s->elseBody);
+}
+
+void Engine::execDim(const DimStmt* s)
+{
+    for (const auto& item : s->items) {
+        if (!item.isArray)
+            continue;
+        std::vector<int32_t> counts;
+        for (const auto& b : item.bounds) {
+            const int32_t ub = eval(b.get()).toLong();
+            if (ub < -1)
+                raise(ErrorCode::SubscriptOutOfRange);
+            counts.push_back(ub + 1);
+        }
+        Value* var = variableRef(item.var.get(), RefMode::Write);
+        if (s->kind == StmtKind::Dim) {
+            *var = Value::makeArray(std::move(counts));
+            var->array()->fixed = !item.bounds.empty();
+            continue;
+        }
+        if (var->isArray() && var->array()->fixed)
+            raise(ErrorCode::ArrayFixedOrLocked);
+        Value fresh = Value::makeArray(counts);
+        if (s->preserve && var->isArray()) {
+            const ArrayRep* old = var->array();
+            if (old->counts.size() != counts.size() && !old->counts.empty())
+                raise(ErrorCode::SubscriptOutOfRange);
+            for (size_t d = 0; d + 1 < counts.size() && !old->counts.empty(); ++d)
+                if (old->counts[d] != counts[d])
+                    raise(ErrorCode::SubscriptOutOfRange);
+            ArrayRep* rep = fresh.mutableArray();
+            const size_t keep = std::min(old->items.size(), rep->items.size());
+            for (size_t i = 0; i < keep; ++i)
+                rep->items[i] = old->items[i];
+        }
+        *var = std::move(fresh);
+    }
+}
+
+void Engine::execErase(const EraseStmt* s)
+{
+    for (const auto& v : s->vars) {
+        Value* var = variableRef(v.get(), RefMode::Write);
+        if (!var || !var->isArray())
+            raise(ErrorCode::TypeMismatch);
+        if (var->array()->fixed) {
+            for (auto& item : var->mutableArray()->items)
+                item.clear();
+        } else {
+            *var = Value::makeArray(std::vector<int32_t>{});
+        }
+    }
+}
+
+} // namespace vbs
