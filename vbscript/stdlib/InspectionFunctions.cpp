@@ -43,7 +43,15 @@ Value fnIsObject(CallContext&, Args a) { return Value(a[0]->isObject()); }
 // Numbers, Empty and Booleans are numeric; strings when they read as a number (" 12 ",
 // "&H1F", "1e3"); dates, Null, arrays and objects without a numeric default are not.
 Value fnIsNumeric(CallContext&, Args a) {
-    const Value v = a[0]->isObject() && a[0]->object() ? plain(*a[0]) : *a[0];
+    Value v = *a[0];
+    if (v.isObject()) {
+        if (!v.object()) return Value(false);
+        try {
+            v = plain(v);
+        } catch (const ScriptError&) {
+            return Value(false); // no default property
+        }
+    }
     if (v.isString()) {
         double d = 0;
         return Value(Value::parseNumber(v.str(), d));

@@ -1,0 +1,49 @@
+' DateAdd (month ends), DateDiff (weeks and boundaries), DatePart (week rules), DateSerial.
+WScript.Echo DateAdd("m", 1, #1/31/2003#) ' expect: 2/28/2003
+WScript.Echo DateAdd("m", 1, #1/31/2004#) ' expect: 2/29/2004
+WScript.Echo DateAdd("m", -1, #3/31/2003#) ' expect: 2/28/2003
+WScript.Echo DateAdd("yyyy", 1, #2/29/2004#) ' expect: 2/28/2005
+WScript.Echo DateAdd("q", 1, #11/30/2003#) ' expect: 2/29/2004
+WScript.Echo DateAdd("d", 1, #12/31/2003#) ' expect: 1/1/2004
+WScript.Echo DateAdd("ww", 2, #1/1/2003#) ' expect: 1/15/2003
+WScript.Echo DateAdd("h", 25, #1/1/2003#) ' expect: 1/2/2003 1:00:00 AM
+WScript.Echo DateAdd("n", -1, #1/1/2003#) ' expect: 12/31/2002 11:59:00 PM
+WScript.Echo DateAdd("s", 90, "1/1/2003 10:00") ' expect: 1/1/2003 10:01:30 AM
+WScript.Echo DateDiff("ww", #1/1/2003#, #1/4/2003#) ' expect: 0
+WScript.Echo DateDiff("ww", #1/1/2003#, #1/5/2003#) ' expect: 1
+WScript.Echo DateDiff("ww", #1/1/2003#, #1/5/2003#, vbMonday) ' expect: 0
+WScript.Echo DateDiff("ww", #1/1/2003#, #1/6/2003#, vbMonday) ' expect: 1
+WScript.Echo DateDiff("w", #1/1/2003#, #1/7/2003#) & " " & DateDiff("w", #1/1/2003#, #1/8/2003#) ' expect: 0 1
+WScript.Echo DateDiff("d", #1/10/2003#, #1/1/2003#) ' expect: -9
+WScript.Echo DateDiff("yyyy", #12/31/2002#, #1/1/2003#) ' expect: 1
+WScript.Echo DateDiff("m", #1/31/2003#, #2/1/2003#) ' expect: 1
+WScript.Echo DateDiff("q", #3/31/2003#, #4/1/2003#) ' expect: 1
+WScript.Echo DateDiff("h", #1/1/2003 10:59:00 AM#, #1/1/2003 11:00:00 AM#) ' expect: 1
+WScript.Echo DateDiff("s", #1/1/2003#, #1/2/2003#) ' expect: 86400
+WScript.Echo IsNull(DateDiff("d", Null, Now)) ' expect: True
+WScript.Echo DatePart("ww", #1/1/2005#, vbMonday, vbFirstFourDays) ' expect: 53
+WScript.Echo DatePart("ww", #1/3/2005#, vbMonday, vbFirstFourDays) ' expect: 1
+WScript.Echo DatePart("ww", #1/1/2005#, vbSunday, vbFirstFullWeek) ' expect: 52
+WScript.Echo DatePart("ww", #12/31/2003#) ' expect: 53
+WScript.Echo DatePart("q", #8/17/2003#) & " " & DatePart("y", #8/17/2003#) ' expect: 3 229
+WScript.Echo DatePart("w", #8/17/2003#) & " " & DatePart("w", #8/17/2003#, vbMonday) ' expect: 1 7
+WScript.Echo DatePart("h", #2:05:09 PM#) & ":" & DatePart("n", #2:05:09 PM#) ' expect: 14:5
+WScript.Echo DateSerial(2003, 14, 1) ' expect: 2/1/2004
+WScript.Echo DateSerial(2003, 1, 0) ' expect: 12/31/2002
+WScript.Echo DateSerial(2003, 0, 1) ' expect: 12/1/2002
+WScript.Echo DateSerial(99, 1, 1) & " " & DateSerial(5, 1, 1) ' expect: 1/1/1999 1/1/2005
+WScript.Echo TimeSerial(12, 30, 0) ' expect: 12:30:00 PM
+WScript.Echo TimeSerial(25, 0, 0) ' expect: 12/31/1899 1:00:00 AM
+WScript.Echo TimeSerial(0, 90, 0) ' expect: 1:30:00 AM
+On Error Resume Next
+x = DateAdd("x", 1, Now)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateAdd("yyyy", 1, #12/31/9999#)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateDiff("d", Now, Now, 8)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateSerial(10000, 1, 1)
+WScript.Echo Err.Number ' expect: 5

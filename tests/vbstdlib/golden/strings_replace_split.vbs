@@ -1,0 +1,38 @@
+' Replace (start cuts the result, count, compare), Split (limit, compare), Join, Filter.
+WScript.Echo Replace("abcabc", "b", "X") ' expect: aXcaXc
+WScript.Echo Replace("abcabc", "b", "X", 3) ' expect: caXc
+WScript.Echo Replace("abcabc", "b", "X", 1, 1) ' expect: aXcabc
+WScript.Echo Replace("ABCabc", "b", "X", 1, -1, vbTextCompare) ' expect: AXCaXc
+WScript.Echo Replace("ABCabc", "b", "X") ' expect: ABCaXc
+WScript.Echo "[" & Replace("abc", "b", "X", 9) & "]" ' expect: []
+WScript.Echo Replace("abc", "", "X") ' expect: abc
+a = Split("a,b,c", ",")
+WScript.Echo UBound(a) & " " & a(0) & a(2) ' expect: 2 ac
+a = Split("a,b,c", ",", 2)
+WScript.Echo UBound(a) & " " & a(1) ' expect: 1 b,c
+a = Split("aXbxc", "x", -1, vbTextCompare)
+WScript.Echo Join(a, "|") ' expect: a|b|c
+a = Split("aXbxc", "x")
+WScript.Echo Join(a, "|") ' expect: aXb|c
+a = Split("")
+WScript.Echo UBound(a) ' expect: -1
+a = Split("one two")
+WScript.Echo a(1) ' expect: two
+WScript.Echo TypeName(Split("x")) ' expect: Variant()
+WScript.Echo Join(Array(1, "b", True)) ' expect: 1 b True
+WScript.Echo Join(Array(), ",") & "." ' expect: .
+WScript.Echo Join(Filter(Array("Apple", "banana", "cherry"), "an"), ",") ' expect: banana
+WScript.Echo Join(Filter(Array("Apple", "banana", "cherry"), "a", False), ",") ' expect: cherry
+WScript.Echo Join(Filter(Array("Apple", "banana"), "A", True, vbTextCompare), ",") ' expect: Apple,banana
+On Error Resume Next
+x = Replace("abc", "a", "b", 0)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = Split("a", ",", -2)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = Join("not an array")
+WScript.Echo Err.Number ' expect: 13
+Err.Clear
+x = Replace(Null, "a", "b")
+WScript.Echo Err.Number ' expect: 94

@@ -1,0 +1,28 @@
+' InStr, InStrRev and StrComp: start positions, compare modes, Null and empty strings.
+WScript.Echo InStr("abcabc", "c") ' expect: 3
+WScript.Echo InStr(4, "abcabc", "c") ' expect: 6
+WScript.Echo InStr(1, "ABC", "b") ' expect: 0
+WScript.Echo InStr(1, "ABC", "b", vbTextCompare) ' expect: 2
+WScript.Echo InStr(2, "abc", "") ' expect: 2
+WScript.Echo InStr("", "a") ' expect: 0
+WScript.Echo InStr(9, "abc", "a") ' expect: 0
+WScript.Echo IsNull(InStr("abc", Null)) ' expect: True
+WScript.Echo IsNull(InStr(Null, "a")) ' expect: True
+WScript.Echo TypeName(InStr("abc", "b")) ' expect: Long
+WScript.Echo InStrRev("abcabc", "b") ' expect: 5
+WScript.Echo InStrRev("abcabc", "b", 4) ' expect: 2
+WScript.Echo InStrRev("ABCABC", "b", -1, 1) ' expect: 5
+WScript.Echo InStrB("ab", "b") ' expect: 3
+WScript.Echo StrComp("a", "B") ' expect: 1
+WScript.Echo StrComp("a", "B", vbTextCompare) ' expect: -1
+WScript.Echo StrComp("abc", "ABC", 1) ' expect: 0
+WScript.Echo IsNull(StrComp(Null, "a")) ' expect: True
+On Error Resume Next
+x = InStr(0, "abc", "a")
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = InStr(1, "abc", "a", 2)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = InStrRev("abc", "a", 0)
+WScript.Echo Err.Number ' expect: 5
