@@ -1,12 +1,17 @@
 // Start-up: the application title, the lone "/exit" and the hand-over to the engine.
 #include "engine/mVTSE_Main.h"
 
-#include "engine/mEngineMain.h"
+#include "engine/ScriptHost.h"
 #include "platform/Messages.h"
 #include "platform/TextCodec.h"
 
 #include <QCoreApplication>
 #include <cstdio>
+#include <optional>
+
+#ifdef VANTOREL_HAVE_SCRIPT_ENGINE
+#include "engine/VbsScriptEngine.h"
+#endif
 
 namespace mVTSE_Main {
 
@@ -29,18 +34,22 @@ int Main(int argc, char** argv) {
     const QString line = commandLineFromArguments(argc, argv);
     if (line.trimmed().toLower() == u"/exit") return 0;
 
-    const mEngineMain::RunPlan plan = mEngineMain::prepareRun(line);
-    switch (plan.next) {
-    case mEngineMain::RunPlan::Next::Nothing:
-        return 0;
-    case mEngineMain::RunPlan::Next::Run:
-        std::fprintf(stderr, "vantorel: cannot run the batch: the script host is not built yet\n");
-        return 2;
-    case mEngineMain::RunPlan::Next::OpenWindow:
+    // The run reports back here instead of ending the process in the middle of start-up.
+    std::optional<int> exitRequested;
+    bool windowRequested = false;
+    mEngineMain::ScriptHostServices& services = mEngineMain::scriptHostServices();
+#ifdef VANTOREL_HAVE_SCRIPT_ENGINE
+    services.createEngine = &mEngineMain::createVbsScriptEngine;
+#endif
+    services.exitProcess = [&](int status) { exitRequested = status; };
+    services.showMainWindow = [&](const QString&) { windowRequested = true; };
+    const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false);
+    if (exitRequested) return *exitRequested;
+    if (windowRequested) {
         std::fprintf(stderr, "vantorel: cannot open the main window: it is not built yet\n");
         return 2;
     }
-    return 2;
+    return mEngineMain::exitStatus(outcome.status);
 }
 
 } // namespace mVTSE_Main

@@ -1,0 +1,103 @@
+// The script host and the command-line run around it.
+#include "engine/ScriptHost.h"
+
+#include "engine/ProgressObject.h"
+#include "platform/Messages.h"
+
+#include <cstdlib>
+
+namespace mEngineMain {
+
+namespace {
+
+// Reports a failure of steps 3 to 7 of a run: as text in preview mode, else as a box.
+QString reportFailure(const QString& scriptText, const ScriptFailure& failure, bool previewMode) {
+    QString errorLine;
+    const QString excerpt = scriptErrorExcerpt(scriptText, failure, &errorLine);
+    if (previewMode) return previewErrorText(failure, errorLine);
+    // The host's own view of the error is the same error, so its description shows twice.
+    messages().inform(kRuntimeErrorTitle, runtimeErrorText(failure, failure.description, excerpt));
+    return {};
+}
+
+} // namespace
+
+int exitStatus(ScriptStatus status) {
+    switch (status) {
+    case ScriptStatus::NotRun:
+    case ScriptStatus::Succeeded:
+        return 0;
+    case ScriptStatus::Failed:
+        return 1;
+    case ScriptStatus::NoEngine:
+        return 2;
+    }
+    return 2;
+}
+
+ScriptHostServices& scriptHostServices() {
+    static ScriptHostServices services{
+        {},
+        {},
+        [](int status) { std::exit(status); },
+        [](const QString&) {},
+    };
+    return services;
+}
+
+frmConvProgress& loadProgressWindow() {
+    static frmConvProgress window;
+    return window;
+}
+
+QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status) {
+    ScriptStatus ignored;
+    ScriptStatus& outcome = status ? *status : ignored;
+    outcome = ScriptStatus::Succeeded;
+    frmConvProgress& progress = loadProgressWindow();
+    const ScriptHostServices& services = scriptHostServices();
+    std::unique_ptr<ScriptEngine> engine =
+        services.createEngine ? services.createEngine() : nullptr;
+    if (!engine) {
+        messages().inform(QString(), noScriptEngineText(), MsgIcon::Exclamation);
+        outcome = ScriptStatus::NoEngine;
+        return {};
+    }
+    const vbs::Ref<vbs::Dispatch> effects =
+        services.createEffects ? services.createEffects(progress) : vbs::Ref<vbs::Dispatch>();
+    engine->setLanguage(QStringLiteral("VBScript"));
+    if (effects) engine->addObject(QStringLiteral("FX"), effects);
+    engine->addObject(QStringLiteral("Progress"), vbs::makeRef<ProgressObject>(progress));
+    QString result;
+    if (engine->addCode(scriptText) && engine->run(QStringLiteral("Main"), &result)) return result;
+    outcome = ScriptStatus::Failed;
+    return reportFailure(scriptText, engine->error(), previewMode);
+}
+
+RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const RunOptions& options) {
+    const RunPlan plan = prepareRun(commandLine, options);
+    RunOutcome outcome;
+    ScriptHostServices& services = scriptHostServices();
+    switch (plan.next) {
+    case RunPlan::Next::Nothing:
+        break;
+    case RunPlan::Next::Run:
+        loadProgressWindow().beginRun(plan.fileCount);
+        outcome.result = RunScript(plan.script, previewMode, &outcome.status);
+        if (plan.exitAfterRun)
+            services.exitProcess(exitStatus(outcome.status));
+        else
+            services.showMainWindow(QString());
+        break;
+    case RunPlan::Next::OpenWindow:
+        services.showMainWindow(plan.commandViewText);
+        break;
+    }
+    return outcome;
+}
+
+QString RunCommandLine(const QString& commandLine, bool previewMode) {
+    return runCommandLine(commandLine, previewMode).result;
+}
+
+} // namespace mEngineMain
