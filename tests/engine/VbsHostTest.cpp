@@ -1,0 +1,116 @@
+// The script host with the real VBScript engine: template, progress object, MsgBox, error lines.
+#include "RecordingMessages.h"
+#include "TempTree.h"
+#include "engine/ScriptHost.h"
+#include "engine/VbsScriptEngine.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <optional>
+
+using namespace mEngineMain;
+
+namespace {
+
+struct NullBackend : ProgressBackend {
+    void render(const ProgressState&) override {}
+};
+
+// A template without fx, so that these runs need no imaging.
+const QByteArray kTemplate = "Sub Main()\r\n"
+                             "'{MainCode}'\r\n"
+                             "End Sub\r\n"
+                             "Sub ProcessEffects(path)\r\n"
+                             "    progress.Label1.Caption = \"Now Converting: \" & path\r\n"
+                             "    progress.DoXEvents\r\n"
+                             "'{EffectsScript}'\r\n"
+                             "End Sub\r\n";
+
+class VbsHostTest : public testing::Test {
+protected:
+    void SetUp() override {
+        saved = scriptHostServices();
+        loadProgressWindow().setBackend(std::make_unique<NullBackend>());
+        ScriptHostServices& s = scriptHostServices();
+        s.createEngine = &createVbsScriptEngine;
+        s.createEffects = {};
+        s.exitProcess = [this](int status) { exitStatus = status; };
+        s.showMainWindow = [](const QString&) {};
+        tree.write("bin/data/template.txt", kTemplate);
+        tree.write("p/a.jpg");
+        tree.write("p/b.jpg");
+        options.programFolder = tree.path("bin");
+    }
+    void TearDown() override { scriptHostServices() = saved; }
+
+    ScriptHostServices saved;
+    RecordingMessages recorder;
+    ScopedMessages scope{&recorder};
+    std::optional<int> exitStatus;
+    TempTree tree;
+    RunOptions options;
+};
+
+} // namespace
+
+TEST_F(VbsHostTest, EachPhotoPassesThroughProcessEffects) {
+    const QString line =
+        "/folder:" + tree.path("p") + "/cmd:MsgBox progress.Label1 /progress.hide /exit";
+    recorder.replies = {MsgAnswer::No}; // the "Possible Error" question
+    const RunOutcome outcome = runCommandLine(line, false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Succeeded);
+    EXPECT_EQ(exitStatus, 0);
+    ASSERT_EQ(recorder.boxes.size(), 3);
+    EXPECT_EQ(recorder.boxes[1].text, "Now Converting: " + tree.path("p\\a.jpg"));
+    EXPECT_EQ(recorder.boxes[2].text, "Now Converting: " + tree.path("p\\b.jpg"));
+    EXPECT_EQ(loadProgressWindow().state().fileNumber, 2);
+    EXPECT_FALSE(loadProgressWindow().Visible());
+}
+
+TEST_F(VbsHostTest, RuntimeErrorIsLocatedInTheGeneratedScript) {
+    // A division cannot be written in a command line ("/" starts an item), so a conversion
+    // fails instead.
+    const QString line = "/files:" + tree.path("p\\a.jpg") + "/cmd:x = 1 /cmd:y = CInt(\"no\")";
+    const RunOutcome outcome = runCommandLine(line, true, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Failed);
+    EXPECT_TRUE(outcome.result.startsWith("Error was found: 13: Type mismatch"))
+        << outcome.result.toStdString();
+    EXPECT_TRUE(
+        outcome.result.endsWith("Please correct the below line:\r\n\r\n   y = CInt(\"no\")"))
+        << outcome.result.toStdString();
+    EXPECT_TRUE(recorder.boxes.isEmpty());
+}
+
+TEST_F(VbsHostTest, SyntaxErrorInARealRunShowsTheBox) {
+    const RunOutcome outcome =
+        runCommandLine("/files:" + tree.path("p\\a.jpg") + "/cmd:If Then", false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Failed);
+    ASSERT_EQ(recorder.boxes.size(), 1);
+    EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Script Runtime Error"));
+    // Main (lines 1-4: the call, then the blank line it ends with), ProcessEffects from line 5.
+    EXPECT_TRUE(recorder.boxes[0].text.contains("at line 8\r\n"));
+    EXPECT_TRUE(recorder.boxes[0].text.contains("Line 008:  If Then   'ERROR: 1002: Syntax error"))
+        << recorder.boxes[0].text.toStdString();
+}
+
+TEST_F(VbsHostTest, ShippedTemplateCompilesAndItsHelpersWork) {
+    QFile file(QStringLiteral(VANTOREL_SOURCE_DIR "/data/template.txt"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QString helpers = QStringLiteral(
+        "\r\nSub TestHelpers()\r\n"
+        "MsgBox NoExtension(\"\\p\\a.jpg\") & \"|\" & NoExtension(\"\\my.p\\a\") & \"|\" & "
+        "Extension(\"a.JPG\") & \"|\" & Extension(\"\\my.p\\a\") & \"|\" & "
+        "FileName(\"\\p\\a.jpg\") "
+        "& \"|\" & FolderName(\"\\p\\a.jpg\") & \"|\" & FolderName(\"a.jpg\") & \"|\" & "
+        "WithBackslash(\"\\o\") & \"|\" & WithBackslash(\"\\o\\\")\r\n"
+        "End Sub\r\n");
+    std::unique_ptr<ScriptEngine> engine = createVbsScriptEngine();
+    engine->setLanguage("VBScript");
+    ASSERT_TRUE(engine->addCode(QString::fromUtf8(file.readAll()) + helpers))
+        << engine->error().description.toStdString() << " line " << engine->error().line;
+    QString result;
+    ASSERT_TRUE(engine->run("TestHelpers", &result)) << engine->error().description.toStdString();
+    ASSERT_EQ(recorder.boxes.size(), 1);
+    EXPECT_EQ(recorder.boxes[0].text,
+              QStringLiteral("\\p\\a|\\my.p\\a|JPG||a.jpg|\\p||\\o\\|\\o\\"));
+}
