@@ -163,3 +163,43 @@ TEST(mFileShell, FailuresBecomeErrorsWithTheTableMessages) {
                   QStringLiteral("Path/file access error"));
     }
 }
+
+namespace {
+
+// Puts a stand-in "xdg-open" that exits with `status` first on PATH for the scope.
+class FakeOpener {
+public:
+    FakeOpener(const TempTree& tree, int status) : m_oldPath(qgetenv("PATH")) {
+        tree.write("bin/xdg-open",
+                   QByteArray("#!/bin/sh\necho \"$1\" > \"$(dirname \"$0\")/opened\"\n"
+                              "exit ") +
+                       QByteArray::number(status) + "\n");
+        ::chmod(tree.nativePath("bin/xdg-open").toUtf8().constData(), 0755);
+        qputenv("PATH", tree.nativePath("bin").toUtf8() + ":" + m_oldPath);
+    }
+    ~FakeOpener() { qputenv("PATH", m_oldPath); }
+
+private:
+    QByteArray m_oldPath;
+};
+
+} // namespace
+
+TEST(mFileShell, DocumentsGoToTheDesktopOpener) {
+    TempTree tree;
+    tree.write("p/a.jpg");
+    {
+        FakeOpener opener(tree, 0);
+        EXPECT_NO_THROW(ShellOpen(tree.path("P\\A.JPG")));
+        EXPECT_EQ(tree.read("bin/opened"), tree.nativePath("p/a.jpg").toUtf8() + "\n");
+    }
+    {
+        FakeOpener opener(tree, 3); // no opener for this desktop
+        EXPECT_EQ(shellFailure(tree.path("p\\a.jpg")).description,
+                  QStringLiteral("No application is associated with this file type."));
+    }
+    {
+        FakeOpener opener(tree, 4); // the opener failed
+        EXPECT_EQ(shellFailure(tree.path("p\\a.jpg")).code, 27);
+    }
+}
