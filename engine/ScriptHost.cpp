@@ -3,6 +3,10 @@
 
 #include "engine/ProgressObject.h"
 #include "platform/Messages.h"
+#include "platform/TextCodec.h"
+#include "vbscript/ScriptError.h"
+
+#include <optional>
 
 #include <cstdlib>
 
@@ -50,6 +54,32 @@ frmConvProgress& loadProgressWindow() {
     return window;
 }
 
+namespace {
+
+// Steps 3 to 7 of a run; a failure of any of them comes back as the ScriptFailure to report.
+std::optional<ScriptFailure> runSteps(ScriptEngine& engine, const QString& scriptText,
+                                      frmConvProgress& progress, QString* result) {
+    try {
+        const ScriptHostServices& services = scriptHostServices();
+        const vbs::Ref<vbs::Dispatch> effects =
+            services.createEffects ? services.createEffects(progress) : vbs::Ref<vbs::Dispatch>();
+        engine.setLanguage(QStringLiteral("VBScript"));
+        if (effects) engine.addObject(QStringLiteral("FX"), effects);
+        engine.addObject(QStringLiteral("Progress"), vbs::makeRef<ProgressObject>(progress));
+        if (engine.addCode(scriptText) && engine.run(QStringLiteral("Main"), result))
+            return std::nullopt;
+        return engine.error();
+    } catch (const vbs::ScriptError& e) {
+        return ScriptFailure{e.number, TextCodec::fromScriptText(e.description), e.line};
+    } catch (const std::exception& e) {
+        // Nothing else should escape the engine; if it does, it is reported like a script error.
+        return ScriptFailure{51, QStringLiteral("Internal error: ") + QString::fromUtf8(e.what()),
+                             0};
+    }
+}
+
+} // namespace
+
 QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status) {
     ScriptStatus ignored;
     ScriptStatus& outcome = status ? *status : ignored;
@@ -63,15 +93,11 @@ QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* sta
         outcome = ScriptStatus::NoEngine;
         return {};
     }
-    const vbs::Ref<vbs::Dispatch> effects =
-        services.createEffects ? services.createEffects(progress) : vbs::Ref<vbs::Dispatch>();
-    engine->setLanguage(QStringLiteral("VBScript"));
-    if (effects) engine->addObject(QStringLiteral("FX"), effects);
-    engine->addObject(QStringLiteral("Progress"), vbs::makeRef<ProgressObject>(progress));
     QString result;
-    if (engine->addCode(scriptText) && engine->run(QStringLiteral("Main"), &result)) return result;
+    const std::optional<ScriptFailure> failure = runSteps(*engine, scriptText, progress, &result);
+    if (!failure) return result;
     outcome = ScriptStatus::Failed;
-    return reportFailure(scriptText, engine->error(), previewMode);
+    return reportFailure(scriptText, *failure, previewMode);
 }
 
 RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const RunOptions& options) {

@@ -28,7 +28,8 @@ public:
     bool run(const QString& procedure, QString* result) override {
         vbs::Value value;
         if (!m_control.run(TextCodec::toScriptText(procedure), {}, &value)) return false;
-        if (result) *result = TextCodec::fromScriptText(value.toString());
+        // Main is a Sub, so this is normally Empty; Null converts to "" rather than failing.
+        if (result && !value.isNull()) *result = TextCodec::fromScriptText(value.toString());
         return true;
     }
     ScriptFailure error() const override {

@@ -3,6 +3,7 @@
 #include "RecordingMessages.h"
 #include "TempTree.h"
 #include "engine/ProgressObject.h"
+#include "vbscript/ScriptError.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>
@@ -166,4 +167,15 @@ TEST_F(ScriptHostTest, ProgressLearnsTheNumberOfPhotos) {
     tree.write("p/b.jpg");
     runCommandLine("/folder:" + tree.path("p") + "/fx.Blur", false, options);
     EXPECT_EQ(loadProgressWindow().state().fileCount, 2);
+}
+
+TEST_F(ScriptHostTest, FailureToCreateTheEffectsObjectIsReported) {
+    scriptHostServices().createEffects = [](frmConvProgress&) -> vbs::Ref<vbs::Dispatch> {
+        throw vbs::ScriptError(429, u"ActiveX component can't create object");
+    };
+    ScriptStatus status;
+    EXPECT_TRUE(RunScript(kScript, true, &status)
+                    .startsWith("Error was found: 429: ActiveX component can't create object"));
+    EXPECT_EQ(status, ScriptStatus::Failed);
+    EXPECT_TRUE(fake.ran.isEmpty());
 }
