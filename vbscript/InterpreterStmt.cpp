@@ -152,37 +152,44 @@ Flow Engine::execFor(const ForStmt* s)
             || step.type() == VarType::Long;
         int64_t i = from.toLong();
         const int64_t end = to.toLong(), inc = step.toLong();
-        while (inc >= 0 ? i <= end : i >= end) {
+        auto store = [&](int64_t v) {
             Value* var = variableRef(s->var.get(), RefMode::Write);
-            *var = useLong ? Value(int32_t(i)) : Value(int16_t(i));
+            if (!useLong && v >= -32768 && v <= 32767)
+                *var = Value(int16_t(v));
+            else
+                *var = Value(int32_t(v));
+        };
+        store(i);
+        while (inc >= 0 ? i <= end : i >= end) {
             const Flow f = execBlock(s->body);
             if (f == Flow::ExitFor)
                 break;
             if (f != Flow::Normal)
                 return f;
-            var = variableRef(s->var.get(), RefMode::Write);
+            const Value* var = variableRef(s->var.get(), RefMode::Write);
             const VarType vt = var->type();
             i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
-            if (i > INT32_MAX || i < INT32_MIN || (!useLong && (i > 32767 || i < -32768))) {
-                if (inc >= 0 ? i <= end : i >= end)
-                    raise(ErrorCode::Overflow);
-                break;
-            }
+            if (i > INT32_MAX || i < INT32_MIN)
+                raise(ErrorCode::Overflow);
+            store(i);
         }
         return Flow::Normal;
     }
     double i = from.toDouble();
     const double end = to.toDouble(), inc = step.toDouble();
     const bool single = from.type() == VarType::Single && to.type() != VarType::Double && step.type() != VarType::Double;
+    auto store = [&](double v) {
+        *variableRef(s->var.get(), RefMode::Write) = single ? Value(float(v)) : Value(v);
+    };
+    store(i);
     while (inc >= 0 ? i <= end : i >= end) {
-        Value* var = variableRef(s->var.get(), RefMode::Write);
-        *var = single ? Value(float(i)) : Value(i);
         const Flow f = execBlock(s->body);
         if (f == Flow::ExitFor)
             break;
         if (f != Flow::Normal)
             return f;
         i = variableRef(s->var.get(), RefMode::Write)->toDouble() + inc;
+        store(i);
     }
     return Flow::Normal;
 }

@@ -113,7 +113,8 @@ private:
                 const String key = foldCase(d.name);
                 const bool exists = p->localIndex.count(key) > 0;
                 if (d.kind == Procedure::Decl::ReDim) {
-                    if (!exists)
+                    // ReDim of an undeclared name declares a local, unless it names a field.
+                    if (!exists && !(p->owner && p->owner->memberIndex.count(key)))
                         addLocal(p, d.name);
                     continue;
                 }

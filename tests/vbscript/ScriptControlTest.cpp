@@ -1,0 +1,176 @@
+// ScriptControl: named host objects on Dispatch, Run, error information, reset, built-ins.
+#include "vbscript/ScriptControl.h"
+
+#include <gtest/gtest.h>
+
+using namespace vbs;
+
+namespace {
+
+// A host object with a property, a method writing back through ByRef, and a failing member.
+class Probe : public Dispatch {
+public:
+    int memberId(std::u16string_view name) const override
+    {
+        if (equalsNoCase(name, u"Level")) return 0;
+        if (equalsNoCase(name, u"Double")) return 1;
+        if (equalsNoCase(name, u"Fail")) return 2;
+        if (equalsNoCase(name, u"Items")) return 3;
+        return -1;
+    }
+    Value invoke(int id, InvokeKind kind, std::span<Value*> args) override
+    {
+        switch (id) {
+        case 0:
+            if (kind == InvokeKind::PropertyLet) {
+                level = args.back()->toLong();
+                return {};
+            }
+            return Value(level);
+        case 1:
+            if (args.size() != 1)
+                raise(ErrorCode::WrongArgumentCount);
+            *args[0] = Value(args[0]->toLong() * 2); // writes back to the caller's variable
+            return {};
+        case 2:
+            throw ScriptError(20001, u"Probe failed", u"Probe");
+        default:
+            return Value::makeArray(std::vector<Value>{Value(1), Value(2)});
+        }
+    }
+    bool enumerate(std::vector<Value>& out) override
+    {
+        out = {Value(u"a"), Value(u"b")};
+        return true;
+    }
+    String typeName() const override { return u"Probe"; }
+    int32_t level = 0;
+};
+
+class RecordingHost : public Host {
+public:
+    void echo(const String& text) override { lines.push_back(text); }
+    std::vector<String> lines;
+};
+
+Value fnTwice(CallContext&, std::span<Value*> args)
+{
+    return Value(args[0]->toLong() * 2);
+}
+
+const BuiltinDef kTestBuiltins[] = {{u"Twice", 1, 1, fnTwice}};
+
+} // namespace
+
+TEST(ScriptControl, HostObjectMembersAndByRef)
+{
+    ScriptControl sc;
+    auto probe = makeRef<Probe>();
+    sc.addObject(u"FX", probe);
+    ASSERT_TRUE(sc.addCode(u"fx.level = 7\r\nDim v : v = 21\r\nFX.Double v\r\nfx.Level = fx.Level + v"));
+    EXPECT_EQ(probe->level, 49);
+    Value r;
+    ASSERT_TRUE(sc.eval(u"v & \"/\" & fx.LEVEL", &r));
+    EXPECT_EQ(r.toString(), u"42/49");
+}
+
+TEST(ScriptControl, RunReportsErrorLocation)
+{
+    ScriptControl sc;
+    sc.addObject(u"fx", makeRef<Probe>());
+    ASSERT_TRUE(sc.addCode(u"Sub Main()\r\n  Dim a\r\n  fx.Fail\r\nEnd Sub\r\nSub Other()\r\n  fx.Missing\r\nEnd Sub"));
+    EXPECT_FALSE(sc.run(u"main", {}));
+    EXPECT_EQ(sc.error().number, 20001);
+    EXPECT_EQ(sc.error().description, u"Probe failed");
+    EXPECT_EQ(sc.error().source, u"Probe");
+    EXPECT_EQ(sc.error().line, 3);
+    EXPECT_EQ(sc.error().text, u"  fx.Fail");
+    sc.clearError();
+    EXPECT_FALSE(sc.run(u"Other", {}));
+    EXPECT_EQ(sc.error().number, 438);
+    EXPECT_EQ(sc.error().line, 6);
+}
+
+TEST(ScriptControl, CompileErrorHasLineColumnAndText)
+{
+    ScriptControl sc;
+    EXPECT_FALSE(sc.addCode(u"Dim a\r\na = 1 2\r\n"));
+    EXPECT_EQ(sc.error().number, 1025);
+    EXPECT_EQ(sc.error().description, u"Expected end of statement");
+    EXPECT_EQ(sc.error().line, 2);
+    EXPECT_EQ(sc.error().column, 7);
+    EXPECT_EQ(sc.error().text, u"a = 1 2");
+    EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
+}
+
+TEST(ScriptControl, RunFunctionWithArgumentsAndResult)
+{
+    ScriptControl sc;
+    ASSERT_TRUE(sc.addCode(u"Function Add(a, b)\nAdd = a + b\nEnd Function"));
+    Value r;
+    ASSERT_TRUE(sc.run(u"ADD", {Value(2), Value(3)}, &r));
+    EXPECT_EQ(r.toLong(), 5);
+    EXPECT_FALSE(sc.run(u"Add", {Value(1)}));
+    EXPECT_EQ(sc.error().number, 450);
+    EXPECT_FALSE(sc.run(u"NoSuch", {}));
+    EXPECT_EQ(sc.error().number, 35);
+}
+
+TEST(ScriptControl, TopLevelRunsOnAddAndCodeAccumulates)
+{
+    ScriptControl sc;
+    RecordingHost host;
+    sc.setHost(&host);
+    sc.registerBuiltins(kTestBuiltins);
+    sc.registerConstant(u"Answer", Value(int16_t(42)));
+    ASSERT_TRUE(sc.addCode(u"Dim total : total = Twice(Answer)"));
+    ASSERT_TRUE(sc.addCode(u"Function Get() : Get = total : End Function"));
+    Value r;
+    ASSERT_TRUE(sc.run(u"Get", {}, &r));
+    EXPECT_EQ(r.toLong(), 84);
+    sc.reset();
+    EXPECT_FALSE(sc.run(u"Get", {}));
+    ASSERT_TRUE(sc.eval(u"Twice(2) + Answer", &r)); // built-ins and constants survive a reset
+    EXPECT_EQ(r.toLong(), 46);
+}
+
+TEST(ScriptControl, ForEachOverHostCollectionAndTypeName)
+{
+    ScriptControl sc;
+    sc.addObject(u"fx", makeRef<Probe>());
+    ASSERT_TRUE(sc.addCode(u"Dim s, x\nFor Each x In fx : s = s & x : Next\nFor Each x In fx.Items : s = s & x : Next"));
+    Value r;
+    ASSERT_TRUE(sc.eval(u"s", &r));
+    EXPECT_EQ(r.toString(), u"ab12");
+}
+
+TEST(ScriptControl, LanguageIsVBScriptOnly)
+{
+    ScriptControl sc;
+    EXPECT_TRUE(sc.setLanguage(u"vbscript"));
+    EXPECT_FALSE(sc.setLanguage(u"JScript"));
+    EXPECT_EQ(sc.language(), u"VBScript");
+}
+
+TEST(ScriptControl, DeepRecursionIsOutOfStackSpace)
+{
+    ScriptControl sc;
+    ASSERT_TRUE(sc.addCode(u"Function R(n)\nR = R(n + 1) + 1\nEnd Function"));
+    EXPECT_FALSE(sc.run(u"R", {Value(0)}));
+    EXPECT_EQ(sc.error().number, 28);
+    EXPECT_EQ(sc.error().line, 2);
+    // The engine is still usable afterwards.
+    ASSERT_TRUE(sc.addCode(u"Dim ok : ok = 1"));
+}
+
+TEST(ScriptControl, ObjectOutlivingControlIsSafe)
+{
+    Value kept;
+    {
+        ScriptControl sc;
+        ASSERT_TRUE(sc.addCode(u"Class C\nPublic V\nPrivate Sub Class_Terminate()\nV = 0\nEnd Sub\nEnd Class\nDim o : Set o = New C"));
+        ASSERT_TRUE(sc.eval(u"o", &kept));
+    }
+    EXPECT_EQ(kept.typeName(), u"C");
+    kept.clear(); // no Class_Terminate once the engine is gone, and no crash
+}

@@ -1,0 +1,4 @@
+Dim s
+s = "héllo"
+WScript.Echo Len(s), UCase(s)
+' expect: 5 HÉLLO

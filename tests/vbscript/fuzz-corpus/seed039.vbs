@@ -1,0 +1,3 @@
+Dim a
+a = 1 2
+' expect compile error 1025 line 2

@@ -1,0 +1,2 @@
+Dim 5
+' expect compile error 1010 line 1

@@ -1,0 +1,4 @@
+Do
+    x = 1
+
+' expect compile error 1019 line 3

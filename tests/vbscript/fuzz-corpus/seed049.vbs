@@ -1,0 +1,3 @@
+Dim a
+)
+' expect compile error 1024 line 2

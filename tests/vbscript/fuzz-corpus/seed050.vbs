@@ -1,0 +1,4 @@
+If True
+    x = 1
+End If
+' expect compile error 1017 line 1

@@ -1,0 +1,3 @@
+Dim a
+Loop
+' expect compile error 1038 line 2

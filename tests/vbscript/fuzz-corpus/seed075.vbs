@@ -1,0 +1,2 @@
+WScript.Echo CInt(40000)
+' expect runtime error 6 line 1

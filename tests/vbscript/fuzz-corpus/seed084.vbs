@@ -1,0 +1,3 @@
+Dim x
+x = 0 / 0
+' expect runtime error 6 line 2

@@ -1,0 +1,4 @@
+Dim s
+s = "hello"
+WScript.Echo Mid(s, 2, 3)
+' expect: ell

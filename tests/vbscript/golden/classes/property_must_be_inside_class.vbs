@@ -1,0 +1,3 @@
+Property Get Loose()
+End Property
+' expect compile error 1048 line 1

@@ -1,0 +1,3 @@
+WScript.Echo "runs?"
+x = 1 1
+' expect compile error 1025 line 2

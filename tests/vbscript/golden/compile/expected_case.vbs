@@ -1,0 +1,3 @@
+Select 5
+End Select
+' expect compile error 1021 line 1

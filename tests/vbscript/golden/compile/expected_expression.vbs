@@ -1,0 +1,3 @@
+Dim a
+a = (1 + 
+' expect compile error 1023 line 2

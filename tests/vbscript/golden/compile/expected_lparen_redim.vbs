@@ -1,0 +1,2 @@
+ReDim a
+' expect compile error 1005 line 1

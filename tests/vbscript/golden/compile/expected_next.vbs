@@ -1,0 +1,4 @@
+For i = 1 To 2
+    x = 1
+
+' expect compile error 1020

@@ -1,0 +1,4 @@
+While True
+    x = 1
+
+' expect compile error 1018

@@ -1,0 +1,2 @@
+Exit Do
+' expect compile error 1039 line 1

@@ -1,0 +1,3 @@
+Dim a
+Option Explicit
+' expect compile error 1042 line 2

@@ -1,0 +1,3 @@
+Dim a
+a = 1 + * 2
+' expect compile error 1002 line 2

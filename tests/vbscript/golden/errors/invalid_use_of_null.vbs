@@ -1,0 +1,2 @@
+WScript.Echo CLng(Null)
+' expect runtime error 94 line 1

@@ -1,0 +1,3 @@
+Dim o
+Set o = Nothing : WScript.Echo o.Name
+' expect runtime error 91 line 2

@@ -1,0 +1,3 @@
+Stop
+WScript.Echo "after stop"
+' expect: after stop
