@@ -22,3 +22,13 @@ int ScriptMessagesHost::msgBox(const vbs::String& prompt, int buttons, const vbs
     return int(messages().messageBox(TextCodec::fromScriptText(title),
                                      TextCodec::fromScriptText(prompt), iconKind, buttonSet));
 }
+
+std::optional<vbs::String> ScriptMessagesHost::inputBox(const vbs::String& prompt,
+                                                        const vbs::String& title,
+                                                        const vbs::String& defaultText) {
+    const std::optional<QString> answer =
+        messages().inputBox(TextCodec::fromScriptText(title), TextCodec::fromScriptText(prompt),
+                            TextCodec::fromScriptText(defaultText));
+    if (!answer) return std::nullopt;
+    return TextCodec::toScriptText(*answer);
+}

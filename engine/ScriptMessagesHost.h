@@ -9,4 +9,6 @@ class ScriptMessagesHost : public vbs::Host {
 public:
     void echo(const vbs::String& text) override;
     int msgBox(const vbs::String& prompt, int buttons, const vbs::String& title) override;
+    std::optional<vbs::String> inputBox(const vbs::String& prompt, const vbs::String& title,
+                                        const vbs::String& defaultText) override;
 };

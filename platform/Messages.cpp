@@ -114,6 +114,23 @@ MsgAnswer ConsoleMessages::askOnTerminal(MsgButtons buttons) {
     return answer;
 }
 
+std::optional<QString> ConsoleMessages::inputBox(const QString& title, const QString& prompt,
+                                                 const QString& defaultText) {
+    QString body = prompt;
+    body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    const QString heading = title.isEmpty() ? applicationTitle() : title;
+    std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());
+    if (!isatty(STDIN_FILENO)) {
+        std::fprintf(stderr, "(no terminal to answer on: cancelled)\n");
+        return std::nullopt;
+    }
+    std::fprintf(stderr, "[%s]? ", defaultText.toUtf8().constData());
+    std::fflush(stderr);
+    std::string line;
+    if (!std::getline(std::cin, line)) return std::nullopt;
+    return line.empty() ? defaultText : QString::fromLocal8Bit(line.c_str());
+}
+
 Messages& messages() {
     return g_current ? *g_current : consoleMessages();
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 // Button sets, icons and answers carry the numbers VBScript's MsgBox uses, so the script host
 // can pass its arguments through unchanged.
@@ -34,6 +35,14 @@ public:
         messageBox(title, text, icon, MsgButtons::OkOnly);
     }
 
+    // A line of text asked of the user (a script's InputBox); nullopt when cancelled, which is
+    // also the answer where nobody can be asked.
+    virtual std::optional<QString> inputBox(const QString& title, const QString& prompt,
+                                            const QString& defaultText) {
+        (void)title, (void)prompt, (void)defaultText;
+        return std::nullopt;
+    }
+
     // The answer that never does harm: No where there is a No, else Cancel, else the first button.
     static MsgAnswer safeDefault(MsgButtons buttons);
 };
@@ -45,6 +54,8 @@ class ConsoleMessages : public Messages {
 public:
     MsgAnswer messageBox(const QString& title, const QString& text, MsgIcon icon,
                          MsgButtons buttons) override;
+    std::optional<QString> inputBox(const QString& title, const QString& prompt,
+                                    const QString& defaultText) override;
 
 private:
     MsgAnswer askOnTerminal(MsgButtons buttons);

@@ -91,3 +91,15 @@ TEST(ScriptMessagesHost, MsgBoxGoesThroughMessages) {
     EXPECT_EQ(host.msgBox(u"Info", 64, u""), 1);
     EXPECT_EQ(recorder.boxes[1].icon, MsgIcon::Information);
 }
+
+TEST(ScriptMessagesHost, InputBoxGoesThroughMessages) {
+    RecordingMessages recorder;
+    ScopedMessages scope(&recorder);
+    recorder.inputs = {"typed", ""};
+    ScriptMessagesHost host;
+    EXPECT_EQ(host.inputBox(u"Name?", u"Ask", u"def"), std::optional<vbs::String>(u"typed"));
+    EXPECT_EQ(host.inputBox(u"Name?", u"Ask", u"def"), std::optional<vbs::String>(u"def"));
+    EXPECT_EQ(host.inputBox(u"Name?", u"Ask", u"def"), std::nullopt); // cancelled
+    EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Ask"));
+    EXPECT_EQ(recorder.boxes[0].text, QStringLiteral("Name?"));
+}

@@ -52,3 +52,12 @@ TEST(Messages, ConsoleBoxWithoutTitleShowsApplicationTitle) {
         MsgAnswer::Ok);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "Vantorel 3 Caldrith\ntext\n");
 }
+
+TEST(Messages, ConsoleInputWithoutTerminalIsCancelled) {
+    if (isatty(STDIN_FILENO)) GTEST_SKIP() << "stdin is a terminal";
+    testing::internal::CaptureStderr();
+    ConsoleMessages console;
+    EXPECT_EQ(console.inputBox("Title", "Prompt", "x"), std::nullopt);
+    const std::string err = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(err, "Title\nPrompt\n(no terminal to answer on: cancelled)\n");
+}

@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 struct RecordedBox {
     QString title;
@@ -23,6 +24,15 @@ public:
         return buttons == MsgButtons::OkOnly ? MsgAnswer::Ok : safeDefault(buttons);
     }
 
+    std::optional<QString> inputBox(const QString& title, const QString& prompt,
+                                    const QString& defaultText) override {
+        boxes.append({title, prompt, MsgIcon::None, MsgButtons::OkCancel});
+        if (inputs.isEmpty()) return std::nullopt;
+        const QString answer = inputs.takeFirst();
+        return answer.isEmpty() ? defaultText : answer;
+    }
+
     QList<RecordedBox> boxes;
+    QStringList inputs;       // typed answers in order ("" takes the default); then cancelled
     QList<MsgAnswer> replies; // answers given in order; then the safe default
 };
