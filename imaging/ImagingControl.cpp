@@ -33,8 +33,8 @@ ImagingControl::~ImagingControl() = default;
 
 // Runs one member: clears the last error, and turns every failure into ImagingError with the
 // library's message kept, recording its code for ImagError.
-template <class F> void ImagingControl::guarded(std::string_view what, F&& body) {
-    m_lastError = 0;
+template <class F> void ImagingControl::guarded(std::string_view what, F&& body, bool clearsError) {
+    if (clearsError) m_lastError = 0;
     try {
         body();
     } catch (const ImagingError& e) {
@@ -242,7 +242,8 @@ Arg ImagingControl::property(std::string_view name) {
     if (!def) fail(ErrorCode::UnknownProperty, std::string(name));
     if (def->access == Access::Write) fail(ErrorCode::ReadOnlyProperty, std::string(def->name) + " can only be set");
     Arg result;
-    guarded(def->name, [&] { result = def->get ? def->get(*this) : stored(def->name); });
+    // Reading a property leaves ImagError as the last member that acted set it.
+    guarded(def->name, [&] { result = def->get ? def->get(*this) : stored(def->name); }, false);
     return result;
 }
 

@@ -98,7 +98,7 @@ public:
     } adjust;
 
 private:
-    template <class F> void guarded(std::string_view what, F&& body);
+    template <class F> void guarded(std::string_view what, F&& body, bool clearsError = true);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
 
     std::string m_fileName;

@@ -128,17 +128,9 @@ VImage Noise(const VImage& image, int amount, int kind) {
     if (amount == 0)
         return image;
     return onColour("Noise", image, [&](const VImage& c, double white) {
-        auto noise = [&](int seed) {
-            return VImage::gaussnoise(c.width(), c.height(),
-                                      VImage::option()
-                                          ->set("sigma", amount / 100.0 * 64 * white / 255)
-                                          ->set("mean", 0.0)
-                                          ->set("seed", seed));
-        };
-        VImage n = noise(101);
-        for (int b = 1; b < c.bands(); ++b)
-            n = n.bandjoin(kind == 1 ? noise(101 + b) : n.extract_band(0));
-        return c + n;
+        double sigma = amount / 100.0 * 64 * white / 255;
+        // Monochrome noise is one band added to every channel.
+        return c + detail::noiseField(c.width(), c.height(), kind == 1 ? c.bands() : 1, sigma, 101);
     });
 }
 

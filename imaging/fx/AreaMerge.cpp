@@ -18,8 +18,8 @@ AreaRect clipArea(const AreaRect& area, int imageWidth, int imageHeight) {
     checkArgument("Area", "y", area.y);
     checkArgument("Area", "width", area.width);
     checkArgument("Area", "height", area.height);
-    int right = std::min(imageWidth, area.x + area.width);
-    int bottom = std::min(imageHeight, area.y + area.height);
+    int right = area.width == 0 ? imageWidth : std::min(imageWidth, area.x + area.width);
+    int bottom = area.height == 0 ? imageHeight : std::min(imageHeight, area.y + area.height);
     if (area.x >= imageWidth || area.y >= imageHeight)
         throwBadArgument("Area", "the rectangle at (" + std::to_string(area.x) + ", " +
                                      std::to_string(area.y) + ") lies outside the " +

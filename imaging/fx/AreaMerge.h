@@ -12,8 +12,8 @@ namespace fx {
 
 using Effect = std::function<vips::VImage(const vips::VImage&)>;
 
-// The part of area that lies inside the image. Throws FxError (member Area) for a width or
-// height below 1, a negative corner, or a rectangle wholly outside the image.
+// The part of area that lies inside the image; a width or height of 0 reaches the image's edge.
+// Throws FxError (member Area) for a negative corner or size, or a rectangle wholly outside.
 AreaRect clipArea(const AreaRect& area, int imageWidth, int imageHeight);
 
 // Runs effect on the area's pixels only and puts the result back; outside, nothing changes.

@@ -1,7 +1,9 @@
 // Neighbourhood filters: blurs, sharpening, rank filters, relief, edges and the user kernel.
 #include "imaging/fx/Filters.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <numbers>
 
 #include "imaging/fx/FxCatalogue.h"
@@ -26,17 +28,12 @@ VImage gaussian(const VImage& in, double sigma) {
     return in.gaussblur(sigma, VImage::option()->set("precision", VIPS_PRECISION_INTEGER));
 }
 
-// 5x5 binomial (sigma about 1) subtracted with the given gain: an unsharp mask in one pass.
-VImage unsharpMask(double gain) {
-    const double row[5] = {1, 4, 6, 4, 1};
-    std::vector<double> mask(25);
-    double removed = 0;
-    for (int i = 0; i < 25; ++i) {
-        mask[i] = -std::round(gain * row[i / 5] * row[i % 5]);
-        removed -= mask[i];
-    }
-    mask[12] += 256 + removed;
-    return integerMask(5, 5, mask, 256);
+// Unsharp mask: the image plus gain times its difference from a 5-tap binomial blur (sigma
+// about 1). The blur is separable, which measured twice as fast as one 5x5 convolution.
+VImage unsharp(const VImage& in, double gain) {
+    VImage blurred = in.convsep(integerMask(5, 1, {1, 4, 6, 4, 1}, 16),
+                                VImage::option()->set("precision", VIPS_PRECISION_INTEGER));
+    return in * (1 + gain) - blurred * gain;
 }
 
 // A line of the given angle and length through the centre of a square mask, sampled finely so
@@ -53,10 +50,23 @@ VImage motionMask(int angle, int distance) {
         int x = int(std::lround(half + t * dx)), y = int(std::lround(half + t * dy));
         mask[y * size + x] += 1;
     }
+    // Convolution cost grows with the mask's area, zeros included: keep only the rows and
+    // columns the line crosses, symmetric about the centre.
+    int reachX = 0, reachY = 0;
     double sum = 0;
-    for (double v : mask)
-        sum += v;
-    return integerMask(size, size, mask, sum);
+    for (int y = 0; y < size; ++y)
+        for (int x = 0; x < size; ++x)
+            if (mask[y * size + x] > 0) {
+                reachX = std::max(reachX, std::abs(x - half));
+                reachY = std::max(reachY, std::abs(y - half));
+                sum += mask[y * size + x];
+            }
+    int w = 2 * reachX + 1, h = 2 * reachY + 1;
+    std::vector<double> cropped(w * h);
+    for (int y = 0; y < h; ++y)
+        for (int x = 0; x < w; ++x)
+            cropped[y * w + x] = mask[(y + half - reachY) * size + (x + half - reachX)];
+    return integerMask(w, h, cropped, sum);
 }
 
 } // namespace
@@ -76,7 +86,7 @@ VImage Sharpen(const VImage& image, int amount) {
     if (amount == 0)
         return image;
     return onColour("Sharpen", image, [&](const VImage& c, double) {
-        return convolve(c, unsharpMask(amount / 50.0));
+        return unsharp(c, amount / 50.0);
     });
 }
 
@@ -103,14 +113,9 @@ VImage Erode(const VImage& image) {
 
 VImage Diffuse(const VImage& image) {
     return onColour("Diffuse", image, [](const VImage& c, double) {
-        auto noise = [&](int seed) {
-            return VImage::gaussnoise(c.width(), c.height(),
-                                      VImage::option()->set("sigma", 1.5)->set("mean", 0.0)->set(
-                                          "seed", seed));
-        };
-        VImage xy = VImage::xyz(c.width(), c.height()).cast(VIPS_FORMAT_FLOAT);
-        return detail::remap(c, xy.extract_band(0) + noise(17), xy.extract_band(1) + noise(29),
-                             "nearest", true);
+        VImage shift = detail::noiseField(c.width(), c.height(), 2, 1.5, 17);
+        VImage xy = VImage::xyz(c.width(), c.height()).cast(VIPS_FORMAT_FLOAT) + shift;
+        return detail::remap(c, xy.extract_band(0), xy.extract_band(1), "nearest", true);
     });
 }
 

@@ -80,6 +80,18 @@ VImage integerMask(int width, int height, const std::vector<double>& values, dou
     return mask;
 }
 
+VImage noiseField(int width, int height, int bands, double sigma, int seed) {
+    int tw = std::min(width, 1024), th = std::min(height, 1024);
+    VImage tile;
+    for (int b = 0; b < bands; ++b) {
+        VImage band = VImage::gaussnoise(
+            tw, th, VImage::option()->set("sigma", sigma)->set("mean", 0.0)->set("seed", seed + b));
+        tile = b == 0 ? band : tile.bandjoin(band);
+    }
+    tile = tile.copy_memory();
+    return tile.replicate((width + tw - 1) / tw, (height + th - 1) / th).crop(0, 0, width, height);
+}
+
 namespace {
 VImage clamped(const VImage& v, double high) {
     VImage low = (v < 0).ifthenelse(0.0, v);

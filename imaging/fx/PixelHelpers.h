@@ -50,6 +50,11 @@ vips::VImage mix(const vips::VImage& a, const vips::VImage& b, double t);
 vips::VImage integerMask(int width, int height, const std::vector<double>& values, double scale,
                          double offset = 0);
 
+// Gaussian noise (mean 0) of the given size and band count, repeatable for a seed. Built from a
+// tile of at most 1024x1024 repeated: libvips' gaussnoise sums twelve random numbers a pixel,
+// too slow for 12-megapixel photos, and white noise repeating every 1024 pixels is not seen.
+vips::VImage noiseField(int width, int height, int bands, double sigma, int seed);
+
 // Resamples image at (sx, sy) for every output pixel (float coordinate images). With edgeCopy a
 // position outside the image takes the nearest edge pixel; otherwise it shows black.
 vips::VImage remap(const vips::VImage& image, const vips::VImage& sx, const vips::VImage& sy,

@@ -13,7 +13,7 @@ constexpr FormatDef kFormats[] = {
     {format::Bmp,  "BMP",  "bmp;dib",  true, true,  Codec::Magick, "BMP",  "Windows bitmap"},
     {format::Gif,  "GIF",  "gif",      true, true,  Codec::Native, "gifsave", "palette of up to 256 colours; interlace and one transparent colour"},
     {format::Jpeg, "JPEG", "jpg;jpeg;jif;jpe;jfif", true, true, Codec::Native, "jpegsave", "quality, progressive, 4:2:0 or 4:4:4, greyscale; keeps EXIF, ICC and XMP"},
-    {format::Tiff, "TIFF", "tif;tiff", true, true,  Codec::Native, "tiffsave", "compression kinds, multi-page; keeps EXIF, ICC and XMP"},
+    {format::Tiff, "TIFF", "tif;tiff", true, true,  Codec::Native, "tiffsave", "compression kinds, multi-page; keeps ICC and XMP (libvips writes no EXIF into TIFF)"},
     {format::Png,  "PNG",  "png",      true, true,  Codec::Native, "pngsave", "interlace, palette after ColorDepth; keeps EXIF, ICC and XMP"},
     {format::Ppm,  "PPM",  "ppm;pnm",  true, true,  Codec::Native, "ppm", "raw or ASCII"},
     {format::Pgm,  "PGM",  "pgm",      true, true,  Codec::Native, "pgm", "greyscale, raw or ASCII"},

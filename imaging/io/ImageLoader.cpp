@@ -71,7 +71,7 @@ const FormatDef* formatOfLoader(std::string_view loader, const fs::path& p,
     auto has = [&loader](std::string_view part) { return loader.find(part) != loader.npos; };
     if (has("Jpeg")) return formatByCode(format::Jpeg);
     if (has("Png")) return formatByCode(format::Png);
-    if (has("Gif")) return formatByCode(format::Gif);
+    if (has("Gif") || has("gif")) return formatByCode(format::Gif);
     if (has("Tiff")) return formatByCode(format::Tiff);
     if (has("Webp")) return formatByCode(format::WebP);
     if (has("Heif")) return formatByCode(format::Heic);
@@ -134,6 +134,9 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
             fail(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath);
         fail(ErrorCode::UnknownFormat, scriptPath);
     }
+    bool unreadable = byExtension && !byExtension->canLoad;
+    if (unreadable && std::string_view(loader).find("Magick") != std::string_view::npos)
+        fail(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath);
     LoadResult r;
     r.source.format = formatOfLoader(loader, native, byExtension);
     if (r.source.format && r.source.format->code == format::Jpeg && !jpegHasEnd(native, size))
@@ -148,15 +151,15 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
         if (r.source.format && r.source.format->code == format::Heic &&
             image.get_typeof("heif-compression") && image.get_string("heif-compression") == std::string("av1"))
             r.source.format = formatByCode(format::Avif);
-        r.bitsPerPixel = bitsPerPixelOf(image);
+        r.bitsPerPixel = r.source.format && r.source.format->code == format::Pbm ? 1 : bitsPerPixelOf(image);
         r.source.orientation = orientationOf(image);
         r.image = r.source.orientation > 1 ? image.autorot() : image;
     } catch (const vips::VError& e) {
         std::string text = e.what();
         if (text.find("page") != text.npos && page > 0)
             failFromVips(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1), e);
-        if (byExtension && byExtension->code == format::LosslessJpeg)
-            failFromVips(ErrorCode::FormatNotReadable, "lossless JPEG: " + scriptPath, e);
+        if (unreadable)
+            failFromVips(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath, e);
         failFromVips(ErrorCode::DamagedImage, scriptPath, e);
     }
     r.source.nativePath = native.string();

@@ -91,7 +91,8 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
     auto* opt = VImage::option()->set("strip", !o.keepMetadata);
     if (pageHeight > 0) opt->set("page_height", pageHeight);
     int q = jpegQuality(o);
-    bool palette = o.bitsPerPixel <= 8 && !o.greyPalette;
+    // Below 8 bits a palette is the only way to store the reduced depth that reads back as such.
+    bool palette = o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette);
     switch (f.code) {
     case format::Jpeg:
         image.jpegsave(path, opt->set("Q", q)->set("interlace", o.progressive)

@@ -1,0 +1,143 @@
+// Broken, missing and mislabelled files, impossible saves: each a clear error with ImagError set,
+// and no target file damaged or left half-written. Also the loaders of every readable format.
+#include <sys/stat.h>
+
+#include <gtest/gtest.h>
+
+#include "FxDriver.h"
+#include "ImagingTestSupport.h"
+
+using testsupport::TempDir;
+using namespace testsupport;
+
+namespace {
+
+// Loads a file and returns the script error number (0 on success).
+int loadError(FxDriver& d, const std::string& path) { return d.errorOf([&] { d.load(path); }); }
+
+} // namespace
+
+TEST(FxBadInput, BrokenAndMislabelledFiles) {
+    TempDir dir;
+    std::string photo = readFile(samplePhoto());
+    writeFile(dir.str("cut.jpg"), photo.substr(0, photo.size() / 2));
+    writeFile(dir.str("notes.jpg"), "These are my holiday notes, not a photo.\n");
+    writeFile(dir.str("empty.png"), "");
+    writeFile(dir.str("huge.png"), pngHeaderOnly(50000, 50000));
+    FxDriver d;
+    EXPECT_EQ(loadError(d, dir.str("cut.jpg")), 20003);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20003);
+    EXPECT_NE(d.lastDescription.find("cut.jpg"), std::string::npos);
+    EXPECT_EQ(loadError(d, dir.str("notes.jpg")), 20002);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20002);
+    EXPECT_EQ(loadError(d, dir.str("empty.png")), 20003);
+    EXPECT_NE(d.lastDescription.find("empty"), std::string::npos);
+    EXPECT_EQ(loadError(d, dir.str("huge.png")), 20004);
+    EXPECT_NE(d.lastDescription.find("50000 x 50000"), std::string::npos);
+    EXPECT_EQ(loadError(d, dir.str("missing.jpg")), 20001);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20001);
+
+    // A photo with the wrong extension is recognised by its content.
+    gradient(30, 20).pngsave(dir.str("really-png.jpg").c_str());
+    EXPECT_EQ(loadError(d, dir.str("really-png.jpg")), 0);
+    EXPECT_EQ(d.get(u"IFormat").toLong(), 5);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 0);
+}
+
+TEST(FxBadInput, FailedSavesLeaveTargetsUntouched) {
+    TempDir dir;
+    FxDriver d;
+    d.load(samplePhoto());
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("no-such-folder\\out.jpg")); }), 20005);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20005);
+    EXPECT_TRUE(dir.entries().empty());
+
+    writeFile(dir.str("locked.jpg"), "old contents");
+    ::chmod(dir.str("locked.jpg").c_str(), 0444);
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("locked.jpg")); }), 20005);
+    EXPECT_NE(d.lastDescription.find("read-only"), std::string::npos);
+    EXPECT_EQ(readFile(dir.str("locked.jpg")), "old contents");
+
+    // The encoder fails half-way (an icon of 1024 pixels): the old icon stays as it was.
+    writeFile(dir.str("old.ico"), "old icon");
+    EXPECT_NE(d.errorOf([&] { d.saveAs(dir.str("old.ico")); }), 0);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20006);
+    EXPECT_EQ(readFile(dir.str("old.ico")), "old icon");
+    EXPECT_EQ(dir.entries().size(), 2u); // no temporary file left
+
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(""); }), 20005);
+}
+
+TEST(FxBadInput, DamageFoundOnlyWhileDecodingIsReportedAtSaveAndTheTargetKept) {
+    TempDir dir;
+    // A JPEG whose end marker survives but whose middle is overwritten.
+    std::string photo = readFile(samplePhoto());
+    for (size_t k = photo.size() / 3; k < photo.size() / 3 + 4000; ++k) photo[k] = '\xFF';
+    writeFile(dir.str("mangled.jpg"), photo);
+    writeFile(dir.str("target.png"), "previous");
+    FxDriver d;
+    int loadErr = d.errorOf([&] { d.load(dir.str("mangled.jpg")); });
+    if (loadErr == 0) {
+        int saveErr = d.errorOf([&] { d.saveAs(dir.str("target.png")); });
+        if (saveErr != 0) {
+            EXPECT_EQ(d.get(u"ImagError").toLong(), saveErr);
+            EXPECT_EQ(readFile(dir.str("target.png")), "previous");
+        }
+    } else {
+        EXPECT_EQ(loadErr, 20003);
+    }
+    EXPECT_EQ(dir.entries().size(), 2u);
+}
+
+struct LoadCase {
+    const char* name;
+    int code;
+};
+
+class FxLoadFormats : public ::testing::TestWithParam<LoadCase> {};
+
+// Files written here by libvips (and its ImageMagick bridge) under every extension of the image
+// filter and the modern formats, then loaded through fx.filename.
+TEST_P(FxLoadFormats, LoadsByContent) {
+    const LoadCase& c = GetParam();
+    TempDir dir;
+    std::string path = dir.str(c.name);
+    vips::VImage img = gradient(48, 32);
+    std::string ext = std::string(c.name).substr(std::string(c.name).find('.') + 1);
+    try {
+        if (ext == "bmp" || ext == "dib" || ext == "rle") img.magicksave(path.c_str(), vips::VImage::option()->set("format", "BMP"));
+        else if (ext == "pcx" || ext == "dcx" || ext == "tga" || ext == "ico")
+            img.magicksave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
+        else if (ext == "jif")
+            img.jpegsave(path.c_str());
+        else if (ext == "heic")
+            img.heifsave(path.c_str(), vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+        else if (ext == "avif")
+            img.heifsave(path.c_str(), vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1));
+        else if (ext == "pgm" || ext == "pbm")
+            img.colourspace(VIPS_INTERPRETATION_B_W).ppmsave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
+        else
+            img.write_to_file(path.c_str());
+    } catch (const vips::VError& e) {
+        GTEST_SKIP() << "cannot write a test " << ext << " here: " << e.what();
+    }
+    FxDriver d;
+    ASSERT_EQ(loadError(d, path), 0) << d.lastDescription;
+    EXPECT_EQ(d.width(), 48);
+    EXPECT_EQ(d.height(), 32);
+    EXPECT_EQ(d.get(u"IFormat").toLong(), c.code);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ImageFilterAndModern, FxLoadFormats,
+    ::testing::Values(LoadCase{"a.bmp", 1}, LoadCase{"a.dib", 1}, LoadCase{"a.rle", 17},
+                      LoadCase{"a.gif", 2}, LoadCase{"a.jpg", 3}, LoadCase{"a.jpeg", 3},
+                      LoadCase{"a.jif", 3}, LoadCase{"a.tif", 4}, LoadCase{"a.tiff", 4},
+                      LoadCase{"a.png", 5}, LoadCase{"a.ppm", 6}, LoadCase{"a.pgm", 7},
+                      LoadCase{"a.pbm", 8}, LoadCase{"a.pcx", 9}, LoadCase{"a.dcx", 10},
+                      LoadCase{"a.tga", 11}, LoadCase{"a.ico", 12}, LoadCase{"a.webp", 13},
+                      LoadCase{"a.avif", 14}, LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
+    [](const auto& info) {
+        std::string n = info.param.name;
+        return n.substr(2);
+    });

@@ -1,0 +1,244 @@
+// Every writable format saved through the fx object and read back, the save options visible in
+// the written files, multi-page files, and metadata carried over.
+#include <gtest/gtest.h>
+
+#include "FxDriver.h"
+#include "ImagingTestSupport.h"
+#include "imaging/io/Formats.h"
+
+using testsupport::TempDir;
+using namespace testsupport;
+
+namespace {
+
+struct FormatCase {
+    const char* ext;
+    int code;
+    int bpp; // bits per pixel read back
+    const char* saver; // the libvips operation the format needs
+};
+
+// A real photo, brought down to a size every format holds (ICO: 256 at most).
+void loadSmallPhoto(FxDriver& d) {
+    d.load(samplePhoto());
+    d.call(u"ResizeAspect", {L(240), L(240), vbs::Value(true)});
+}
+
+bool codecMissing(const std::string& description) {
+    for (const char* hint : {"no encoder", "unsupported", "not supported", "No codec", "no decoder"})
+        if (description.find(hint) != std::string::npos) return true;
+    return false;
+}
+
+} // namespace
+
+class FxFormatRoundTrip : public ::testing::TestWithParam<FormatCase> {};
+
+TEST_P(FxFormatRoundTrip, SavedAndReadBack) {
+    const FormatCase& c = GetParam();
+    if (!haveSaver(c.saver)) GTEST_SKIP() << c.saver << " is not in this libvips";
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    int w = d.width(), h = d.height();
+    std::string target = dir.str(std::string("photo.") + c.ext);
+    int err = d.errorOf([&] { d.saveAs(target); });
+    if (err && codecMissing(d.lastDescription)) GTEST_SKIP() << d.lastDescription;
+    ASSERT_EQ(err, 0) << d.lastDescription;
+    FxDriver back;
+    back.load(target);
+    EXPECT_EQ(back.width(), w);
+    EXPECT_EQ(back.height(), h);
+    EXPECT_EQ(back.get(u"IFormat").toLong(), c.code);
+    EXPECT_EQ(back.get(u"IBPP").toLong(), c.bpp);
+    EXPECT_EQ(back.get(u"NumPages", {S(target.c_str())}).toLong(), 1);
+    EXPECT_EQ(dir.entries().size(), 1u);
+
+    // The same format chosen by SaveFileType, whatever the name's extension says.
+    std::string other = dir.str("by-code.out");
+    d.let(u"SaveFileType", I(c.code));
+    ASSERT_EQ(d.errorOf([&] { d.saveAs(other); }), 0) << d.lastDescription;
+    FxDriver byCode;
+    byCode.load(other);
+    EXPECT_EQ(byCode.width(), w);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllWritable, FxFormatRoundTrip,
+                         ::testing::Values(FormatCase{"bmp", 1, 24, "magicksave"},
+                                           FormatCase{"gif", 2, 8, "gifsave"},
+                                           FormatCase{"jpg", 3, 24, "jpegsave"},
+                                           FormatCase{"tif", 4, 24, "tiffsave"},
+                                           FormatCase{"png", 5, 24, "pngsave"},
+                                           FormatCase{"ppm", 6, 24, "ppmsave"},
+                                           FormatCase{"pgm", 7, 8, "ppmsave"},
+                                           FormatCase{"pbm", 8, 1, "ppmsave"},
+                                           FormatCase{"pcx", 9, 24, "magicksave"},
+                                           FormatCase{"dcx", 10, 24, "magicksave"},
+                                           FormatCase{"tga", 11, 24, "magicksave"},
+                                           FormatCase{"ico", 12, 32, "magicksave"},
+                                           FormatCase{"webp", 13, 24, "webpsave"},
+                                           FormatCase{"avif", 14, 24, "heifsave"}),
+                         [](const auto& info) { return std::string(info.param.ext); });
+
+TEST(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    for (const char* name : {"x.pic", "x.ljp", "x.wmf"}) {
+        EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str(name)); }), 20006) << name;
+        EXPECT_EQ(d.get(u"ImagError").toLong(), 20006);
+    }
+    EXPECT_NE(d.lastDescription.find("WMF"), std::string::npos);
+    writeFile(dir.str("old.pic"), "PIC-not-really");
+    EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.pic")); }), 20007);
+    EXPECT_NE(d.lastDescription.find("Pegasus PIC"), std::string::npos);
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("x.unknownext")); }), 20002);
+    EXPECT_TRUE(dir.entries().empty() || dir.entries() == std::vector<std::string>{"old.pic"});
+}
+
+TEST(FxFormats, JpegOptionsShowInTheFile) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    d.saveAs(dir.str("plain.jpg"));
+    std::string plain = readFile(dir.str("plain.jpg"));
+    EXPECT_FALSE(jpegIsProgressive(plain));
+    EXPECT_EQ(jpegLumaSampling(plain), 0x22);
+    EXPECT_EQ(jpegComponents(plain), 3);
+
+    d.let(u"SaveJPGProgressive", vbs::Value(true));
+    d.let(u"SaveJPGSubSampling", I(1));
+    d.saveAs(dir.str("prog.jpg"));
+    std::string prog = readFile(dir.str("prog.jpg"));
+    EXPECT_TRUE(jpegIsProgressive(prog));
+    EXPECT_EQ(jpegLumaSampling(prog), 0x11);
+
+    d.let(u"SaveJPGGrayscale", vbs::Value(true));
+    d.saveAs(dir.str("grey.jpg"));
+    EXPECT_EQ(jpegComponents(readFile(dir.str("grey.jpg"))), 1);
+
+    d.let(u"SaveJPGGrayscale", vbs::Value(false));
+    d.let(u"SaveJPGLumFactor", I(0));
+    d.let(u"SaveJPGChromFactor", I(0));
+    d.saveAs(dir.str("best.jpg"));
+    d.let(u"SaveJPGLumFactor", I(70));
+    d.let(u"SaveJPGChromFactor", I(70));
+    d.saveAs(dir.str("small.jpg"));
+    EXPECT_GT(readFile(dir.str("best.jpg")).size(), 2 * readFile(dir.str("small.jpg")).size());
+}
+
+TEST(FxFormats, TiffCompressionTags) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    // TIFF tag 259 values for our codes 0..7.
+    const int tags[] = {1, 5, 8, 32773, 7, 50000, 50001, 4};
+    for (int code = 0; code < 8; ++code) {
+        d.let(u"SaveTIFCompression", I(code));
+        std::string name = "c" + std::to_string(code) + ".tif";
+        int err = d.errorOf([&] { d.saveAs(dir.str(name)); });
+        if (err && codecMissing(d.lastDescription)) continue;
+        ASSERT_EQ(err, 0) << code << ": " << d.lastDescription;
+        int tag = tiffCompressionTag(readFile(dir.str(name)));
+        EXPECT_TRUE(tag == tags[code] || (code == 2 && tag == 32946)) << code << " -> " << tag;
+    }
+}
+
+TEST(FxFormats, PngGifAndNetpbmOptions) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    d.saveAs(dir.str("a.png"));
+    EXPECT_FALSE(pngInterlaced(readFile(dir.str("a.png"))));
+    d.let(u"SavePNGInterlaced", vbs::Value(true));
+    d.saveAs(dir.str("i.png"));
+    EXPECT_TRUE(pngInterlaced(readFile(dir.str("i.png"))));
+
+    d.saveAs(dir.str("a.gif"));
+    EXPECT_FALSE(gifInterlaced(readFile(dir.str("a.gif"))));
+    d.let(u"SaveGIFInterlaced", vbs::Value(true));
+    d.saveAs(dir.str("i.gif"));
+    EXPECT_TRUE(gifInterlaced(readFile(dir.str("i.gif"))));
+
+    for (auto [member, ext, raw, ascii] : {std::tuple{u"SavePBMType", "pbm", "P4", "P1"},
+                                          std::tuple{u"SavePGMType", "pgm", "P5", "P2"},
+                                          std::tuple{u"SavePPMType", "ppm", "P6", "P3"}}) {
+        d.saveAs(dir.str(std::string("raw.") + ext));
+        EXPECT_EQ(readFile(dir.str(std::string("raw.") + ext)).substr(0, 2), raw);
+        d.let(member, I(1));
+        d.saveAs(dir.str(std::string("ascii.") + ext));
+        EXPECT_EQ(readFile(dir.str(std::string("ascii.") + ext)).substr(0, 2), ascii);
+        FxDriver back;
+        back.load(dir.str(std::string("ascii.") + ext));
+        EXPECT_EQ(back.width(), d.width());
+    }
+}
+
+TEST(FxFormats, GifTransparentColour) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    d.call(u"Crop", {I(0), I(0), I(40), I(40)});
+    d.call(u"Brightness", {I(-100)}); // all black
+    d.let(u"SaveGIFTransparent", vbs::Value(true));
+    d.let(u"SaveGIFTColor", L(0));
+    d.saveAs(dir.str("t.gif"));
+    vips::VImage back = vips::VImage::new_from_file(dir.str("t.gif").c_str());
+    ASSERT_TRUE(back.has_alpha());
+    EXPECT_EQ(back[back.bands() - 1].max(), 0);
+}
+
+TEST(FxFormats, MultiPageAppendAndPageSelection) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    std::string tif = dir.str("pages.tif");
+    d.saveAs(tif);
+    d.let(u"SaveMultiPage", vbs::Value(true));
+    d.call(u"Negate");
+    d.saveAs(tif);
+    d.saveAs(tif);
+    EXPECT_EQ(d.get(u"NumPages", {S(tif.c_str())}).toLong(), 3);
+    FxDriver reader;
+    reader.let(u"PageNbr", I(2));
+    reader.load(tif);
+    EXPECT_EQ(reader.width(), d.width());
+    EXPECT_LT(vips::VImage::new_from_file(tif.c_str()).avg(), 255 - reader.control->image().avg() + 30);
+    reader.let(u"PageNbr", I(9));
+    EXPECT_EQ(reader.errorOf([&] { reader.load(tif); }), 20010);
+    // A page of another size cannot join the file; the file keeps its pages.
+    d.call(u"Crop", {I(0), I(0), I(10), I(10)});
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(tif); }), 20005);
+    EXPECT_EQ(d.get(u"NumPages", {S(tif.c_str())}).toLong(), 3);
+}
+
+TEST(FxFormats, MetadataAndOrientationKept) {
+    TempDir dir;
+    vips::VImage img = gradient(400, 300).icc_transform(
+        "srgb", vips::VImage::option()->set("input_profile", "srgb")->set("embedded", false));
+    img = img.copy();
+    img.set(VIPS_META_ORIENTATION, 6);
+    const std::string xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"/></x:xmpmeta>";
+    vips_image_set_blob_copy(img.get_image(), VIPS_META_XMP_NAME, xmp.data(), xmp.size());
+    img.jpegsave(dir.str("in.jpg").c_str());
+
+    FxDriver d;
+    d.load(dir.str("in.jpg"));
+    EXPECT_EQ(d.width(), 300); // upright
+    d.call(u"ResizePercent", {I(50)});
+    d.saveAs(dir.str("out.jpg"));
+    d.saveAs(dir.str("out.tif"));
+    d.saveAs(dir.str("out.png"));
+    for (const char* name : {"out.jpg", "out.tif", "out.png"}) {
+        vips::VImage out = vips::VImage::new_from_file(dir.str(name).c_str());
+        EXPECT_EQ(out.width(), 150) << name;
+        EXPECT_EQ(out.height(), 200) << name;
+        EXPECT_NE(out.get_typeof(VIPS_META_ICC_NAME), 0u) << name;
+        EXPECT_NE(out.get_typeof(VIPS_META_XMP_NAME), 0u) << name;
+        if (std::string(name) != "out.tif") { // libvips writes no EXIF into TIFF
+            EXPECT_NE(out.get_typeof(VIPS_META_EXIF_NAME), 0u) << name;
+        }
+        int orientation = out.get_typeof(VIPS_META_ORIENTATION) ? out.get_int(VIPS_META_ORIENTATION) : 1;
+        EXPECT_EQ(orientation, 1) << name;
+    }
+}

@@ -1,0 +1,146 @@
+// The image operations of this control through fx: geometry, colour, colour depth, separation,
+// clipboard and undo, with pixel checks.
+#include <gtest/gtest.h>
+
+#include "FxDriver.h"
+#include "ImagingTestSupport.h"
+
+using testsupport::TempDir;
+using vips::VImage;
+
+class FxOps : public ::testing::Test {
+protected:
+    void SetUp() override {
+        testsupport::writeJpeg(dir.str("g.jpg"), 64, 48);
+        d.load(dir.str("g.jpg"));
+    }
+    const VImage& image() { return d.control->image(); }
+    TempDir dir;
+    FxDriver d;
+};
+
+TEST_F(FxOps, RotateAnyAngleFillsWithBackColor) {
+    d.let(u"BackColor", L(0x0000FF)); // red as &HBBGGRR
+    d.call(u"Rotate", {I(45)});
+    EXPECT_GT(d.width(), 64);
+    EXPECT_GT(d.height(), 48);
+    auto corner = image().getpoint(0, 0);
+    EXPECT_NEAR(corner[0], 255, 1);
+    EXPECT_NEAR(corner[1], 0, 1);
+    EXPECT_NEAR(corner[2], 0, 1);
+}
+
+TEST_F(FxOps, CroppingAndTiling) {
+    d.call(u"Crop", {I(10), I(5), I(20), I(30)});
+    EXPECT_EQ(d.width(), 20);
+    EXPECT_EQ(d.height(), 30);
+    d.call(u"Tile", {I(2), I(3)});
+    EXPECT_EQ(d.width(), 40);
+    EXPECT_EQ(d.height(), 90);
+    d.call(u"CropBorder", {vbs::Value(5.0f), I(0)});
+    EXPECT_EQ(d.width(), 30);
+    d.call(u"CropBorder", {vbs::Value(10.0f), I(1)});
+    EXPECT_EQ(d.width(), 24);
+    EXPECT_EQ(d.height(), 64);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"Crop", {I(500), I(500), I(10), I(10)}); }), 20008);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"CropBorder", {vbs::Value(60.0f), I(1)}); }), 20008);
+}
+
+TEST_F(FxOps, AutoCropRemovesAUniformBorder) {
+    VImage framed = testsupport::gradient(40, 30).embed(
+        7, 5, 60, 50, VImage::option()->set("extend", VIPS_EXTEND_WHITE));
+    framed.pngsave(dir.str("framed.png").c_str());
+    d.load(dir.str("framed.png"));
+    d.call(u"AutoCrop", {vbs::Value(5.0f)});
+    EXPECT_NEAR(d.width(), 40, 1);
+    EXPECT_NEAR(d.height(), 30, 1);
+    d.load(dir.str("framed.png"));
+    d.call(u"AutoCrop", {vbs::Value(5.0f), L(0xFFFFFF), L(2)});
+    EXPECT_NEAR(d.width(), 44, 1);
+}
+
+TEST_F(FxOps, ColourAdjustmentsAndTheirReadBacks) {
+    double before = image().avg();
+    d.call(u"Brightness", {I(20)});
+    EXPECT_GT(image().avg(), before + 30);
+    d.call(u"Brightness", {I(-20)});
+    d.call(u"Gamma", {I(2)});
+    EXPECT_GT(image().avg(), before + 10);
+    d.call(u"AdjustHSL", {I(30), I(-100), I(0)});
+    EXPECT_LE((image()[0].cast(VIPS_FORMAT_INT) - image()[2].cast(VIPS_FORMAT_INT)).abs().max(), 2);
+    EXPECT_EQ(d.get(u"IPAdjustHue").toLong(), 30);
+    EXPECT_EQ(d.get(u"IPAdjustSat").toLong(), -100);
+    d.call(u"AdjustRGB", {I(0), I(-100), I(0), I(0)});
+    EXPECT_EQ(image()[0].max(), 0);
+    EXPECT_EQ(d.get(u"IPAdjustType").toLong(), 0);
+    EXPECT_EQ(d.get(u"IPAdjustRed").toLong(), -100);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"AdjustRGB", {I(3), I(0), I(0), I(0)}); }), 20008);
+}
+
+TEST_F(FxOps, ColorizeGreysThenAddsTheColour) {
+    d.call(u"Colorize", {L(255)});
+    EXPECT_EQ(image()[0].min(), 255);
+    EXPECT_LE((image()[1].cast(VIPS_FORMAT_INT) - image()[2].cast(VIPS_FORMAT_INT)).abs().max(), 2);
+    EXPECT_EQ(d.get(u"IPAdjustType").toLong(), 1);
+    EXPECT_EQ(d.get(u"IPAdjustRed").toLong(), 255);
+    EXPECT_EQ(d.get(u"IPAdjustGreen").toLong(), 0);
+    EXPECT_EQ(d.get(u"IPAdjustSat").toLong(), -100);
+}
+
+TEST_F(FxOps, ColorDepthLimitsColoursAndBitsPerPixel) {
+    struct Case { int bits, palette; bool dither; int maxColours; };
+    for (Case c : {Case{1, 0, false, 2}, Case{1, 0, true, 2}, Case{4, 0, false, 16}, Case{4, 1, true, 16},
+                   Case{8, 0, true, 256}, Case{8, 1, false, 256}, Case{16, 0, false, 65536},
+                   Case{24, 0, false, 1 << 24}}) {
+        d.load(dir.str("g.jpg"));
+        d.call(u"ColorDepth", {I(c.bits), I(c.palette), vbs::Value(c.dither)});
+        EXPECT_EQ(d.get(u"IBPP").toLong(), c.bits) << c.bits;
+        EXPECT_LE(d.get(u"UniqueColors").toLong(), c.maxColours) << c.bits << " " << c.palette;
+        EXPECT_GE(d.get(u"UniqueColors").toLong(), 2) << c.bits;
+    }
+    d.load(dir.str("g.jpg"));
+    d.call(u"ColorDepth", {I(8), I(0), I(0)});
+    d.saveAs(dir.str("pal.png"));
+    d.saveAs(dir.str("pal.bmp"));
+    FxDriver back;
+    back.load(dir.str("pal.png"));
+    EXPECT_EQ(back.get(u"IBPP").toLong(), 8);
+    d.call(u"ColorDepth", {I(1), I(0), I(1)});
+    d.saveAs(dir.str("bw.png"));
+    d.saveAs(dir.str("bw.tif"));
+    back.load(dir.str("bw.png"));
+    EXPECT_EQ(back.get(u"IBPP").toLong(), 1);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"ColorDepth", {I(7), I(0), I(0)}); }), 20008);
+}
+
+TEST_F(FxOps, ColorSeparationPlanes) {
+    VImage original = image().copy_memory();
+    d.call(u"ColorSeparation", {I(13)});
+    d.call(u"ColorSeparation", {I(-1)});
+    EXPECT_EQ((image().cast(VIPS_FORMAT_INT) - original.cast(VIPS_FORMAT_INT)).abs().max(), 0);
+    d.call(u"ColorSeparation", {I(0)});
+    EXPECT_EQ(image().bands(), 1);
+    EXPECT_EQ((image().cast(VIPS_FORMAT_INT) - original[0].cast(VIPS_FORMAT_INT)).abs().max(), 0);
+    d.load(dir.str("g.jpg"));
+    d.call(u"ColorSeparation", {I(7)}); // CMY, magenta
+    EXPECT_EQ((image().cast(VIPS_FORMAT_INT) + original[1].cast(VIPS_FORMAT_INT) - 255).abs().max(), 0);
+    d.load(dir.str("g.jpg"));
+    d.call(u"ColorSeparation", {I(12)}); // CMYK, black
+    auto px = original.getpoint(5, 5);
+    double k = 255 - std::max({px[0], px[1], px[2]});
+    EXPECT_NEAR(image().getpoint(5, 5)[0], k, 1);
+}
+
+TEST_F(FxOps, CopyPasteUndo) {
+    d.call(u"Copy");
+    d.call(u"Resample", {I(8), I(8)});
+    EXPECT_EQ(d.width(), 8);
+    d.call(u"Undo");
+    EXPECT_EQ(d.width(), 64);
+    d.call(u"Resize", {I(10), I(10)});
+    d.call(u"Paste");
+    EXPECT_EQ(d.width(), 64);
+    EXPECT_EQ(d.height(), 48);
+    d.call(u"PICResize", {I(32), I(24)});
+    EXPECT_EQ(d.width(), 32);
+}
