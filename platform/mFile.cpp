@@ -146,10 +146,10 @@ fs::path toDisk(const QString& path) {
     const fs::path native = nativeOf(path);
     std::error_code ec;
     if (path.isEmpty() || fs::exists(native, ec)) return native;
+    // A name about to be created loses its trailing blanks and dots too.
     const QString trimmed = withoutTrailingBlanks(path);
     if (trimmed == path || trimmed.isEmpty()) return native;
-    const fs::path alternative = nativeOf(trimmed);
-    return fs::exists(alternative, ec) ? alternative : native;
+    return nativeOf(trimmed);
 }
 
 bool FolderExists(const QString& path) {

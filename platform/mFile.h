@@ -59,7 +59,8 @@ QString shellErrorMessage(int code);
 
 // The native path for a "\"-form path. When the path does not exist as written it is matched
 // without regard to case, and then with trailing blanks and dots of its components dropped, as
-// the file system the scripts were written for ignores them ("a.jpg " names "a.jpg").
+// the file system the scripts were written for ignores them ("a.jpg " names "a.jpg", and a file
+// created as "b.jpg " is named "b.jpg").
 std::filesystem::path toDisk(const QString& path);
 
 // Windows-style wildcard match ("*", "?"), without regard to case; "*.*" matches every name.

@@ -80,6 +80,8 @@ TEST(mFileDisk, TrailingBlanksOfNamesAreIgnored) {
     EXPECT_TRUE(FileExists(tree.path("p\\a.jpg ")));
     EXPECT_TRUE(FolderExists(tree.path("p ")));
     EXPECT_EQ(ReadFile(tree.path("p\\a.jpg  ")), QStringLiteral("x"));
+    ASSERT_TRUE(writeTextFile(tree.path("p\\new.vt3 "), "fx.Blur"));
+    EXPECT_EQ(tree.read("p/new.vt3"), QByteArray("fx.Blur"));
 }
 
 TEST(mFileDisk, ReadFileNormalisesTextAndFailsQuietly) {
