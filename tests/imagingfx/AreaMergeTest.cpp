@@ -39,8 +39,11 @@ TEST(Area, RectangleIsClippedOrRefused) {
     EXPECT_EQ(clipped.height, 20);
     expectBadArgument([&] { fx::applyInArea(in, {240, 0, 10, 10}, invert); }, "Area",
                       "lies outside the 240x160 image");
-    expectBadArgument([&] { fx::applyInArea(in, {0, 0, 0, 10}, invert); }, "Area",
-                      "width must be 1 to 32767");
+    expectBadArgument([&] { fx::applyInArea(in, {0, 0, -1, 10}, invert); }, "Area",
+                      "width must be 0 to 32767");
+    fx::AreaRect toEdges = fx::clipArea({40, 30, 0, 0}, 240, 160);
+    EXPECT_EQ(toEdges.width, 200);
+    EXPECT_EQ(toEdges.height, 130);
     expectBadArgument([&] { fx::applyInArea(in, {-1, 0, 5, 10}, invert); }, "Area", "x must be");
     expectBadArgument(
         [&] { fx::applyInArea(in, {0, 0, 50, 50}, [](const VImage& v) { return v.crop(0, 0, 5, 5); }); },

@@ -1,0 +1,142 @@
+// The effects reached through the imaging control by name, as the fx object calls them:
+// every member registered, arguments checked and ordered, errors mapped, Area and Merge wired.
+#include "imaging/ImagingControl.h"
+#include "imaging/fx/Effects.h"
+
+#include "FxTestSupport.h"
+
+using namespace fxtest;
+using imaging::Arg;
+using imaging::ErrorCode;
+using imaging::ImagingControl;
+using imaging::ImagingError;
+using imaging::Missing;
+using vips::VImage;
+
+namespace {
+
+void invoke(ImagingControl& c, std::string_view op, const std::vector<Arg>& args = {}) {
+    c.invoke(op, args);
+}
+
+std::vector<Arg> ints(std::initializer_list<int32_t> values) {
+    return std::vector<Arg>(values.begin(), values.end());
+}
+
+void expectError(ImagingControl& c, std::string_view op, const std::vector<Arg>& args,
+                 ErrorCode code, const std::string& fragment) {
+    try {
+        c.invoke(op, args);
+        ADD_FAILURE() << op << " succeeded";
+    } catch (const ImagingError& e) {
+        EXPECT_EQ(e.code(), code) << e.what();
+        EXPECT_NE(std::string(e.what()).find(fragment), std::string::npos) << e.what();
+        EXPECT_EQ(c.lastError(), e.number());
+    }
+}
+
+} // namespace
+
+TEST(ControlOperations, EveryEffectMemberIsAnOperation) {
+    for (const auto& m : fx::effectCatalogue()) {
+        if (m.family == "Drawing state")
+            continue; // DrawMode ... Font are properties of the control
+        const imaging::OperationDef* op = imaging::findOperation(m.name);
+        ASSERT_NE(op, nullptr) << m.name;
+        EXPECT_EQ(op->description, m.description);
+    }
+    EXPECT_EQ(imaging::findOperation("Matrix")->params.size(), 11u);
+    EXPECT_EQ(imaging::findOperation("DrawPolygon")->params.size(), 13u);
+}
+
+TEST(ControlOperations, EffectsChangeTheCurrentImage) {
+    ImagingControl c;
+    c.setImage(photo());
+    invoke(c, "posterize", ints({2}));
+    EXPECT_EQ(c.image().extract_band(0).hist_find().crop(1, 0, 254, 1).max(), 0);
+    c.setImage(photo());
+    invoke(c, "Swirl", ints({90}));
+    EXPECT_GT(maxDiff(c.image(), photo()), 20);
+    c.setImage(photo());
+    invoke(c, "Blur");
+    EXPECT_LT(detailX(c.image()), detailX(photo()));
+}
+
+TEST(ControlOperations, MatrixTakesKernelThenDivisorThenBias) {
+    ImagingControl c;
+    c.setImage(flat(20, 10, 100, 100, 100));
+    // The fx object passes the script's "Matrix 10, 2, 0,0,0, 0,1,0, 0,0,0" as kernel, 2, 10.
+    invoke(c, "Matrix", ints({0, 0, 0, 0, 1, 0, 0, 0, 0, 2, 10}));
+    EXPECT_EQ(c.image().avg(), 60);
+}
+
+TEST(ControlOperations, ErrorsBecomeImagingErrors) {
+    ImagingControl c;
+    c.setImage(photo());
+    expectError(c, "Posterize", ints({1}), ErrorCode::ArgumentOutOfRange, "Posterize");
+    expectError(c, "Matrix", ints({0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 0}), ErrorCode::ArgumentOutOfRange,
+                "Matrix: divisor must not be 0");
+    expectError(c, "Buttonize", ints({100, 0, 50}), ErrorCode::ArgumentOutOfRange,
+                "Buttonize: width must be at most half the shorter side");
+    expectError(c, "PWarp", ints({0, 0, 0, 0, 0, 0, 0, 0}), ErrorCode::ArgumentOutOfRange,
+                "convex quadrilateral");
+    expectError(c, "DrawPolygon", {0, 0, 10, 10, 20, Missing{}}, ErrorCode::ArgumentOutOfRange,
+                "pairs");
+}
+
+TEST(ControlOperations, DrawingUsesTheControlsDrawState) {
+    ImagingControl c;
+    c.setImage(flat(100, 80, 128, 128, 128));
+    c.drawState().drawFillStyle = 0;
+    c.drawState().drawFillColor = fx::makeColour(0, 0, 255);
+    c.drawState().drawWidth = 3;
+    invoke(c, "DrawCircle", ints({50, 40, 20, 255}));
+    EXPECT_EQ(pixel(c.image(), 50, 40), (std::vector<double>{0, 0, 255}));
+    EXPECT_EQ(pixel(c.image(), 70, 40), (std::vector<double>{255, 0, 0}));
+    invoke(c, "DrawPolygon", {10, 70, 30, 70, 20, 60, Missing{}, Missing{}, Missing{}, Missing{},
+                             Missing{}, Missing{}, int32_t(0xFFFFFF)});
+    EXPECT_EQ(pixel(c.image(), 20, 68), (std::vector<double>{0, 0, 255}));
+    invoke(c, "DrawText", {5, 5, std::string("Hi"), int32_t(0)});
+    EXPECT_LT(c.image().crop(5, 5, 20, 20).min(), 60);
+}
+
+TEST(ControlOperations, AreaLimitsLaterEffects) {
+    ImagingControl c;
+    c.setImage(photo());
+    invoke(c, "Area", {true, 20, 20, 100, 60});
+    EXPECT_TRUE(c.area().enabled);
+    invoke(c, "Solarize", ints({0}));
+    EXPECT_EQ(maxDiff(c.image().crop(0, 90, 240, 70), photo().crop(0, 90, 240, 70)), 0);
+    EXPECT_GT(maxDiff(c.image().crop(20, 20, 100, 60), photo().crop(20, 20, 100, 60)), 100);
+    invoke(c, "Area", {false});
+    EXPECT_FALSE(c.area().enabled);
+    invoke(c, "Area", {true, 200});
+    EXPECT_EQ(c.area().width, 40); // the rest of the width
+    expectError(c, "Area", {true, 300, 0, 10, 10}, ErrorCode::ArgumentOutOfRange,
+                "lies outside the 240x160 image");
+}
+
+TEST(ControlOperations, MergeCombinesTheClipboard) {
+    ImagingControl c;
+    c.setImage(flat(40, 30, 200, 200, 200));
+    c.copyToClipboard();
+    c.setImage(flat(40, 30, 100, 100, 100));
+    invoke(c, "Merge", {false});
+    EXPECT_EQ(c.image().avg(), 100);
+    if constexpr (requires { c.clipboardImage(); }) {
+        invoke(c, "Merge", {true, 0, 0, false, 0, 50, 50});
+        EXPECT_EQ(c.image().avg(), 150);
+    } else {
+        expectError(c, "Merge", {true}, ErrorCode::ProcessingFailed, "no clipboard access");
+    }
+}
+
+TEST(ControlOperations, CaptureWindowWithoutADisplayIsAClearError) {
+    const char* display = std::getenv("DISPLAY");
+    std::string saved = display ? display : "";
+    unsetenv("DISPLAY");
+    ImagingControl c;
+    expectError(c, "CaptureWindow", ints({0}), ErrorCode::ProcessingFailed,
+                fx::captureSupported() ? "no X11 display" : "not available in this build");
+    if (display) setenv("DISPLAY", saved.c_str(), 1);
+}
