@@ -216,11 +216,22 @@ VImage DrawRoundRect(const VImage& image, const DrawState& st, int x1, int y1, i
     double rx = std::min(cornerWidth / 2.0, (b.right - b.left) / 2);
     double ry = std::min(cornerHeight / 2.0, (b.bottom - b.top) / 2);
     return render("DrawRoundRect", image, st, b, color, true, [&](cairo_t* cr) {
+        // Corners clockwise on screen from the top right, each a quarter of the corner ellipse.
+        const double corners[4][2] = {{b.right - rx, b.top + ry}, {b.right - rx, b.bottom - ry},
+                                      {b.left + rx, b.bottom - ry}, {b.left + rx, b.top + ry}};
         cairo_new_sub_path(cr);
-        ellipseArc(cr, b.right - rx, b.top + ry, rx, ry, 90, 0);
-        ellipseArc(cr, b.right - rx, b.bottom - ry, rx, ry, 0, -90);
-        ellipseArc(cr, b.left + rx, b.bottom - ry, rx, ry, -90, -180);
-        ellipseArc(cr, b.left + rx, b.top + ry, rx, ry, 180, 90);
+        for (int k = 0; k < 4; ++k) {
+            double from = (k - 1) * std::numbers::pi / 2;
+            if (rx <= 0 || ry <= 0) {
+                cairo_line_to(cr, corners[k][0], corners[k][1]);
+                continue;
+            }
+            cairo_save(cr);
+            cairo_translate(cr, corners[k][0], corners[k][1]);
+            cairo_scale(cr, rx, ry);
+            cairo_arc(cr, 0, 0, 1, from, from + std::numbers::pi / 2);
+            cairo_restore(cr);
+        }
         cairo_close_path(cr);
     });
 }

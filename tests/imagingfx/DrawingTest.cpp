@@ -74,6 +74,9 @@ TEST(Drawing, ArcAndPieRunCounterClockwiseFromThreeOClock) {
 TEST(Drawing, RoundRectCutsItsCorners) {
     VImage out = fx::DrawRoundRect(canvas(), solidFill(kBlue), 10, 10, 90, 70, 30, 30, kRed);
     EXPECT_EQ(pixel(out, 10, 10), kGrey);     // corner rounded away
+    EXPECT_EQ(pixel(out, 13, 13), kGrey);     // outside the corner's quarter circle
+    EXPECT_EQ(pixel(out, 17, 17), kBluePixel); // inside it: the corner bulges outwards
+    EXPECT_EQ(pixel(out, 83, 63), kBluePixel);
     EXPECT_EQ(pixel(out, 50, 10), kRedPixel); // straight part of the top edge
     EXPECT_EQ(pixel(out, 50, 40), kBluePixel);
     expectBadArgument([] { fx::DrawRoundRect(canvas(), fx::DrawState{}, 0, 0, 9, 9, -2, 3, 0); },
