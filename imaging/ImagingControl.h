@@ -68,6 +68,7 @@ public:
     void copyToClipboard();
     void pasteFromClipboard();
     void undo();
+    const vips::VImage* clipboardImage() const { return m_hasClipboard ? &m_clipboard : nullptr; }
 
     // Colour separation: prepare the planes of a kind, then make one of them the image.
     void separate(int32_t kind);

@@ -2,6 +2,8 @@
 #include "ImagingTestSupport.h"
 
 #include <fstream>
+
+#include "imaging/ImagingControl.h"
 #include <random>
 #include <sstream>
 
@@ -146,6 +148,7 @@ std::string pngHeaderOnly(uint32_t width, uint32_t height) {
 }
 
 bool haveSaver(const char* operation) {
+    imaging::ensureVipsStarted();
     return vips_type_find("VipsOperation", operation) != 0;
 }
 

@@ -109,11 +109,11 @@ TEST(ImagingControl, ChecksArgumentsAgainstTheDeclaration) {
     run(c, "Resize", {int32_t(20), int32_t(15)});
     EXPECT_EQ(c.lastError(), 0);
     try {
-        run(c, "Blur");
+        run(c, "Levitate");
         FAIL();
     } catch (const ImagingError& e) {
         EXPECT_EQ(e.number(), 445);
-        EXPECT_STREQ(e.what(), "Object doesn't support this action: 'Blur'");
+        EXPECT_STREQ(e.what(), "Object doesn't support this action: 'Levitate'");
     }
     EXPECT_THROW(c.setProperty("SaveJPGLumFactor", int32_t(500)), ImagingError);
     EXPECT_THROW(c.setProperty("IBPP", int32_t(8)), ImagingError);
