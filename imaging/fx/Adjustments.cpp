@@ -49,6 +49,29 @@ std::vector<double> makeLut(double white, F&& curve) {
 
 VImage lesser(const VImage& a, const VImage& b) { return (a < b).ifthenelse(a, b); }
 
+// The bevel of Buttonize: a pixel nearer the top or left edge than the bottom or right one, and
+// within the width, is lit; one nearer the bottom or right is shaded (swapped when sunken).
+struct Bevel {
+    int w, h, width;
+    bool sunken;
+    double k, white;
+
+    VImage strip(const VImage& c, int left, int top, int sw, int sh) const {
+        VImage part = c.crop(left, top, sw, sh);
+        VImage xy = VImage::xyz(sw, sh);
+        VImage x = xy.extract_band(0) + left, y = xy.extract_band(1) + top;
+        VImage nearTopLeft = lesser(x, y);
+        VImage nearBottomRight = lesser((w - 1) - x, (h - 1) - y);
+        VImage lit = (nearTopLeft < width) & (nearTopLeft <= nearBottomRight);
+        VImage shaded = (nearBottomRight < width) & (nearBottomRight < nearTopLeft);
+        if (sunken)
+            std::swap(lit, shaded);
+        VImage lighter = part + (white - part) * k;
+        VImage darker = part * (1 - k);
+        return lit.ifthenelse(lighter, shaded.ifthenelse(darker, part)).cast(c.format());
+    }
+};
+
 } // namespace
 
 VImage AutoContrast(const VImage& image) {
@@ -154,18 +177,16 @@ VImage Buttonize(const VImage& image, int width, int direction, int intensity) {
                                           std::to_string(std::min(image.width(), image.height()) / 2) +
                                           " pixels here, got " + std::to_string(width) + ")");
     return onColour("Buttonize", image, [&](const VImage& c, double white) {
-        VImage xy = VImage::xyz(c.width(), c.height());
-        VImage x = xy.extract_band(0), y = xy.extract_band(1);
-        VImage nearTopLeft = lesser(x, y);
-        VImage nearBottomRight = lesser((c.width() - 1) - x, (c.height() - 1) - y);
-        VImage lit = (nearTopLeft < width) & (nearTopLeft <= nearBottomRight);
-        VImage shaded = (nearBottomRight < width) & (nearBottomRight < nearTopLeft);
-        if (direction == 1)
-            std::swap(lit, shaded);
-        double k = intensity / 100.0;
-        VImage lighter = c + (white - c) * k;
-        VImage darker = c * (1 - k);
-        return lit.ifthenelse(lighter, shaded.ifthenelse(darker, c));
+        // Only the four border strips change; the middle is left as it is.
+        int w = c.width(), h = c.height();
+        Bevel bevel{w, h, width, direction == 1, intensity / 100.0, white};
+        VImage out = c.insert(bevel.strip(c, 0, 0, w, width), 0, 0)
+                         .insert(bevel.strip(c, 0, h - width, w, width), 0, h - width);
+        int middle = h - 2 * width;
+        if (middle > 0)
+            out = out.insert(bevel.strip(c, 0, width, width, middle), 0, width)
+                      .insert(bevel.strip(c, w - width, width, width, middle), w - width, width);
+        return out;
     });
 }
 

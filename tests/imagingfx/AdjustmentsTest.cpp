@@ -104,6 +104,9 @@ TEST(Adjustments, ButtonizeLightensTopLeftAndDarkensBottomRight) {
     EXPECT_LT(pixel(raised, 30, 38)[0], 60);  // bottom edge shaded
     EXPECT_LT(pixel(raised, 58, 20)[0], 60);  // right edge shaded
     EXPECT_EQ(pixel(raised, 30, 20)[0], 100); // middle untouched
+    VImage widest = fx::Buttonize(in, 20, 0, 50); // the bevels meet in the middle
+    EXPECT_GT(pixel(widest, 30, 19)[0], 150);
+    EXPECT_LT(pixel(widest, 30, 20)[0], 60);
     VImage sunken = fx::Buttonize(in, 5, 1, 50);
     EXPECT_LT(pixel(sunken, 30, 1)[0], 60);
     EXPECT_GT(pixel(sunken, 30, 38)[0], 150);
