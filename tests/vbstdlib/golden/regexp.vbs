@@ -1,5 +1,5 @@
-' RegExp: New and CreateObject, the flags, Test, Execute's Matches/Match/SubMatches, Replace.
-Set re = New RegExp
+' RegExp: the flags, Test, Execute's Matches/Match/SubMatches, Replace with $n, $& and $$.
+Set re = CreateObject("VBScript.RegExp")
 re.Pattern = "(\w+)_(\d+)\.jpg"
 re.IgnoreCase = True
 re.Global = True

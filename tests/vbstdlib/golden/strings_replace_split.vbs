@@ -22,7 +22,7 @@ WScript.Echo TypeName(Split("x")) ' expect: Variant()
 WScript.Echo Join(Array(1, "b", True)) ' expect: 1 b True
 WScript.Echo Join(Array(), ",") & "." ' expect: .
 WScript.Echo Join(Filter(Array("Apple", "banana", "cherry"), "an"), ",") ' expect: banana
-WScript.Echo Join(Filter(Array("Apple", "banana", "cherry"), "a", False), ",") ' expect: cherry
+WScript.Echo Join(Filter(Array("Apple", "banana", "cherry"), "a", False), ",") ' expect: Apple,cherry
 WScript.Echo Join(Filter(Array("Apple", "banana"), "A", True, vbTextCompare), ",") ' expect: Apple,banana
 On Error Resume Next
 x = Replace("abc", "a", "b", 0)
