@@ -2,6 +2,7 @@
 #include "engine/ScriptHost.h"
 
 #include "engine/ProgressObject.h"
+#include "platform/ConsoleLine.h"
 #include "platform/Messages.h"
 #include "platform/TextCodec.h"
 #include "vbscript/ScriptError.h"
@@ -110,6 +111,7 @@ RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const Ru
     case RunPlan::Next::Run:
         loadProgressWindow().beginRun(plan.fileCount);
         outcome.result = RunScript(plan.script, previewMode, &outcome.status);
+        ConsoleLine::finish(); // the shell's prompt or the next message starts on a line of its own
         if (plan.exitAfterRun)
             services.exitProcess(exitStatus(outcome.status));
         else

@@ -1,8 +1,7 @@
 // The progress window's state and its console backend.
 #include "engine/frmConvProgress.h"
 
-#include <cstdio>
-#include <unistd.h>
+#include "platform/ConsoleLine.h"
 
 namespace {
 const QString kLabelText = QStringLiteral("Now Converting:");
@@ -14,10 +13,8 @@ QString ProgressState::currentName() const {
     return name.trimmed();
 }
 
-ConsoleProgressBackend::ConsoleProgressBackend() : m_terminal(isatty(STDERR_FILENO)) {}
-
 ConsoleProgressBackend::~ConsoleProgressBackend() {
-    if (m_lineOpen) std::fputs("\n", stderr);
+    ConsoleLine::finish();
 }
 
 QString ConsoleProgressBackend::progressLine(const ProgressState& state) {
@@ -31,16 +28,10 @@ QString ConsoleProgressBackend::progressLine(const ProgressState& state) {
 }
 
 void ConsoleProgressBackend::render(const ProgressState& state) {
-    if (!m_terminal) return;
-    if (!state.visible || state.fileNumber == 0) {
-        if (m_lineOpen) std::fputs("\n", stderr);
-        m_lineOpen = false;
-        return;
-    }
-    // "\r" and erase-to-end-of-line redraw the line in place.
-    std::fprintf(stderr, "\r%s\x1b[K", progressLine(state).toUtf8().constData());
-    std::fflush(stderr);
-    m_lineOpen = true;
+    if (!state.visible || state.fileNumber == 0)
+        ConsoleLine::finish();
+    else
+        ConsoleLine::show(progressLine(state));
 }
 
 frmConvProgress::frmConvProgress(std::unique_ptr<ProgressBackend> backend)

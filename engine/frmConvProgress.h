@@ -29,14 +29,9 @@ public:
 // redrawn in place; drawn only when stderr is a terminal, so logs of silent batches stay clean.
 class ConsoleProgressBackend : public ProgressBackend {
 public:
-    ConsoleProgressBackend();
     ~ConsoleProgressBackend() override;
     void render(const ProgressState& state) override;
     static QString progressLine(const ProgressState& state);
-
-private:
-    bool m_terminal;
-    bool m_lineOpen = false;
 };
 
 // The object scripts see as `progress`: Show, Hide, Caption, Label1 and DoXEvents. Each time the

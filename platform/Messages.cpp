@@ -1,5 +1,7 @@
 // Console message boxes and the process-wide current Messages object.
-#include "Messages.h"
+#include "platform/Messages.h"
+
+#include "platform/ConsoleLine.h"
 
 #include <cctype>
 #include <cstdio>
@@ -79,6 +81,7 @@ MsgAnswer Messages::safeDefault(MsgButtons buttons) {
 MsgAnswer ConsoleMessages::messageBox(const QString& title, const QString& text, MsgIcon icon,
                                       MsgButtons buttons) {
     (void)icon; // a terminal has no icons; the title and text carry the message
+    ConsoleLine::finish();
     const QString heading = title.isEmpty() ? applicationTitle() : title;
     QString body = text;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -116,6 +119,7 @@ MsgAnswer ConsoleMessages::askOnTerminal(MsgButtons buttons) {
 
 std::optional<QString> ConsoleMessages::inputBox(const QString& title, const QString& prompt,
                                                  const QString& defaultText) {
+    ConsoleLine::finish();
     QString body = prompt;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     const QString heading = title.isEmpty() ? applicationTitle() : title;
