@@ -114,3 +114,18 @@ TEST_F(VbsHostTest, ShippedTemplateCompilesAndItsHelpersWork) {
     EXPECT_EQ(recorder.boxes[0].text,
               QStringLiteral("\\p\\a|\\my.p\\a|JPG||a.jpg|\\p||\\o\\|\\o\\"));
 }
+
+TEST_F(VbsHostTest, TemplateWithoutPlaceholdersRunsMainAsWritten) {
+    tree.write("bin/data/template.txt", "Sub Main()\r\n    MsgBox \"as written\"\r\nEnd Sub\r\n");
+    const RunOutcome outcome =
+        runCommandLine("/files:" + tree.path("p\\a.jpg") + "/fx.Blur /exit", false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Succeeded);
+    ASSERT_EQ(recorder.boxes.size(), 1); // no "Possible Error" question without the effects marker
+    EXPECT_EQ(recorder.boxes[0].text, QStringLiteral("as written"));
+}
+
+TEST_F(VbsHostTest, WithoutFilesMainRunsAndProcessesNothing) {
+    const RunOutcome outcome = runCommandLine("/cmd:MsgBox 1 /progress.hide", false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Succeeded);
+    EXPECT_TRUE(recorder.boxes.isEmpty());
+}
