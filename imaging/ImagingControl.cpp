@@ -162,8 +162,15 @@ void ImagingControl::recordAdjust(int32_t type, int32_t a, int32_t b, int32_t c,
 void ImagingControl::setFileName(const std::string& name) {
     guarded("FileName", [&] {
         int32_t page = std::max(storedInt("PageNbr"), 1) - 1;
-        LoadResult loaded = loadImage(name, page);
-        m_fileName = name;
+        // A name taken from a command line may carry the blank before the next switch.
+        std::string path = name;
+        std::error_code ec;
+        std::string trimmed = name.substr(0, name.find_last_not_of(' ') + 1);
+        if (trimmed != name && !std::filesystem::exists(diskPath(name), ec) &&
+            std::filesystem::exists(diskPath(trimmed), ec))
+            path = trimmed;
+        LoadResult loaded = loadImage(path, page);
+        m_fileName = path;
         m_image = loaded.image;
         m_hasImage = true;
         m_source = loaded.source;

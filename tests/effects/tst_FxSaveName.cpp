@@ -94,3 +94,12 @@ TEST_F(FxResize, ResizeAspectFitsTheBox) {
     FxDriver d;
     EXPECT_EQ(d.errorOf([&] { d.call(u"ResizeAspect", {L(200), L(200)}); }), 450);
 }
+
+TEST(FxSaveName, ABlankAfterTheNameFromACommandLineIsDropped) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("p.jpg"), 40, 30);
+    FxDriver d;
+    d.load(dir.str("p.jpg") + " ");
+    EXPECT_EQ(d.str(u"SaveFileName"), dir.str("p.jpg"));
+    EXPECT_EQ(d.width(), 40);
+}

@@ -6,6 +6,7 @@
 
 #include "imaging/ImagingControl.h"
 #include "imaging/Property.h"
+#include "imaging/Reference.h"
 #include "imaging/io/Formats.h"
 
 using namespace imaging;
@@ -76,4 +77,14 @@ TEST(ImagingTables, PropertiesAreUniqueWithDefaultsInRange) {
             EXPECT_TRUE(p->def >= p->min && p->def <= p->max) << p->name;
         }
     }
+}
+
+TEST(ImagingTables, ReferenceNamesEveryFormatPropertyAndOperation) {
+    std::string text = referenceMarkdown();
+    for (const auto& f : allFormats()) EXPECT_NE(text.find(std::string(f.name)), std::string::npos);
+    for (const PropertyDef* p : allProperties())
+        EXPECT_NE(text.find("| " + std::string(p->name) + " |"), std::string::npos) << p->name;
+    for (const OperationDef* op : allOperations())
+        EXPECT_NE(text.find("### " + std::string(op->name) + "\n"), std::string::npos) << op->name;
+    EXPECT_NE(text.find("| 20 | Pegasus PIC | pic | no | no |"), std::string::npos);
 }
