@@ -36,6 +36,7 @@ TEST(Dictionary, Errors) {
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Add", {Value(u"x")}); }), 450);
     EXPECT_EQ(errorOf([&] { let(*d, u"CompareMode", {Value(int16_t(1))}); }), 5); // not empty
     EXPECT_EQ(errorOf([&] { let(*d, u"Count", {Value(int16_t(1))}); }), 450);      // read-only
+    EXPECT_EQ(errorOf([&] { let(*d, u"Item", {Value(int16_t(1))}); }), 450);       // no key
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Frobnicate"); }), 438);
 }
 

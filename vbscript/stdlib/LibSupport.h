@@ -64,7 +64,8 @@ public:
         const Member<T>& m = table[size_t(id)];
         T& self = static_cast<T&>(*this);
         if (kind == InvokeKind::PropertyLet || kind == InvokeKind::PropertySet) {
-            if (!m.let || args.empty() || int(args.size()) - 1 > m.maxArgs)
+            const int indexCount = int(args.size()) - 1;
+            if (!m.let || indexCount < 0 || indexCount < m.minArgs || indexCount > m.maxArgs)
                 raise(ErrorCode::WrongArgumentCount);
             (self.*m.let)(args.first(args.size() - 1), *args.back());
             return Value();
