@@ -69,6 +69,8 @@ TEST(Dictionary, OrderKeysItemsRemoveAndRename) {
     EXPECT_EQ(keys.array()->items[0].toString(), u"z");
     EXPECT_EQ(keys.array()->items[1].toString(), u"b");
     EXPECT_EQ(get(*d, u"Items").array()->items[0].toString(), u"c!");
+    EXPECT_EQ(get(*d, u"Keys", {Value(int16_t(1))}).toString(), u"b"); // d.Keys(1)
+    EXPECT_EQ(errorOf([&] { get(*d, u"Keys", {Value(int16_t(2))}); }), 9);
     const auto loop = each(d);
     ASSERT_EQ(loop.size(), 2u);
     EXPECT_EQ(loop[1].toString(), u"b");

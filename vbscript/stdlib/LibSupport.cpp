@@ -38,6 +38,14 @@ Value stringArray(const std::vector<String>& items) {
     return Value::makeArray(std::move(values));
 }
 
+Value indexArray(const Value& array, Args args) {
+    const std::vector<Value>& items = arrayItems(array);
+    if (args.size() != 1) raise(ErrorCode::SubscriptOutOfRange);
+    const int32_t i = args[0]->toLong();
+    if (i < 0 || size_t(i) >= items.size()) raise(ErrorCode::SubscriptOutOfRange);
+    return items[size_t(i)];
+}
+
 Value longValue(long long n) {
     if (n < INT32_MIN || n > INT32_MAX) raise(ErrorCode::Overflow);
     return Value(int32_t(n));

@@ -37,6 +37,9 @@ Value stringArray(const std::vector<String>& items);
 // Wraps a whole number as VBScript's smallest fitting subtype for results of Long range.
 Value longValue(long long n);
 
+// inner(args) for a one-dimensional array: 9 Subscript out of range outside its bounds.
+Value indexArray(const Value& array, Args args);
+
 // A Dispatch whose members come from one static table (name, argument counts, handlers).
 // Derived classes provide `static std::span<const Member<Derived>> members()`.
 template <class T>
@@ -73,8 +76,10 @@ public:
         if (!m.get) raise(ErrorCode::WrongArgumentCount);
         const int count = int(args.size());
         if (count > m.maxArgs && m.maxArgs == 0) {
-            // obj.Collection(i): the index goes to the returned object's default member.
+            // obj.Collection(i) and obj.Keys(i): the index goes to the returned object's default
+            // member, or into the returned array.
             Value inner = (self.*m.get)(Args{});
+            if (inner.isArray()) return indexArray(inner, args);
             Dispatch* d = inner.isObject() && inner.object() ? inner.object()->asDispatch() : nullptr;
             if (!d || d->defaultMemberId() < 0) raise(ErrorCode::WrongArgumentCount);
             return d->invoke(d->defaultMemberId(), InvokeKind::PropertyGet, args);
