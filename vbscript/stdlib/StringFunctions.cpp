@@ -18,6 +18,13 @@ long count(const Value& v) {
     return n;
 }
 
+// Space and String build text from a count alone; past 128 Mi code units is out of string space.
+size_t builtLength(const Value& v) {
+    const long n = count(v);
+    if (n > (1L << 27)) raise(ErrorCode::OutOfStringSpace);
+    return size_t(n);
+}
+
 // The bytes of a string (UTF-16LE), one per code unit, for the B functions.
 String toBytes(std::u16string_view s) {
     String bytes;
@@ -151,10 +158,10 @@ Value fnTrim(CallContext&, Args a) {
     return Value(trimRight(trimLeft(s)));
 }
 
-Value fnSpace(CallContext&, Args a) { return Value(String(size_t(count(*a[0])), u' ')); }
+Value fnSpace(CallContext&, Args a) { return Value(String(builtLength(*a[0]), u' ')); }
 
 Value fnString(CallContext&, Args a) {
-    const long n = count(*a[0]);
+    const size_t n = builtLength(*a[0]);
     RETURN_NULL_IF_NULL(*a[1]);
     char16_t c;
     if (a[1]->isString()) {
@@ -163,7 +170,7 @@ Value fnString(CallContext&, Args a) {
     } else {
         c = unicodeFromAnsi(uint8_t(a[1]->toLong() & 0xFF));
     }
-    return Value(String(size_t(n), c));
+    return Value(String(n, c));
 }
 
 Value fnStrComp(CallContext&, Args a) {

@@ -43,3 +43,6 @@ WScript.Echo Err.Number ' expect: 5
 Err.Clear
 x = Mid("abc", 1, -1)
 WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = Space(2000000000)
+WScript.Echo Err.Number ' expect: 14
