@@ -47,11 +47,13 @@ std::vector<EffectSample> filterSamples() {
          [](const VImage& i) { return fx::Buttonize(i, std::max(1, i.width() / 24), 0, 60); }},
         {"Blend", "Blend 100", [](const VImage& i) { return fx::Blend(i, 100); }},
         {"Matrix", "Matrix 0, 1, edge kernel",
-         [](const VImage& i) { return fx::Matrix(i, {0, -1, 0, -1, 5, -1, 0, -1, 0}, 1, 0); }},
+         [](const VImage& i) {
+             return fx::Matrix(i, {0, -1, 0, -1, 5, -1, 0, -1, 0}, 1, 0);
+         }},
         {"ReplaceColors", "ReplaceColors sky to red",
          [](const VImage& i) {
-             return fx::ReplaceColors(i, fx::makeColour(90, 120, 150), fx::makeColour(255, 255, 255),
-                                      fx::makeColour(255, 0, 0));
+             return fx::ReplaceColors(i, fx::makeColour(90, 120, 150),
+                                      fx::makeColour(255, 255, 255), fx::makeColour(255, 0, 0));
          }},
         {"Parabolic", "Parabolic 100", [](const VImage& i) { return fx::Parabolic(i, 100); }},
     };
@@ -67,7 +69,8 @@ std::vector<EffectSample> distortionSamples() {
          [](const VImage& i) {
              return fx::Ripple(i, std::max(1, i.width() / 40), std::max(2, i.width() / 6), 0);
          }},
-        {"Perspective", "Perspective 0, 40", [](const VImage& i) { return fx::Perspective(i, 0, 40); }},
+        {"Perspective", "Perspective 0, 40",
+         [](const VImage& i) { return fx::Perspective(i, 0, 40); }},
         {"PWarp", "PWarp corners moved",
          [](const VImage& i) {
              Frame f{i.width(), i.height()};
@@ -82,26 +85,33 @@ std::vector<EffectSample> distortionSamples() {
 std::vector<EffectSample> drawingSamples() {
     const fx::Colour red = fx::makeColour(230, 20, 20);
     return {
-        {"DrawLine", "DrawLine + box", [red](const VImage& i) {
+        {"DrawLine", "DrawLine + box",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
              fx::DrawState st = drawState(i);
              VImage out = fx::DrawLine(i, st, f.x(0.05), f.y(0.9), f.x(0.95), f.y(0.1), red);
              st.style = int(fx::LineStyleCode::Dash);
              return fx::DrawLine(out, st, f.x(0.2), f.y(0.2), f.x(0.5), f.y(0.6), 0xFFFFFF, true);
          }},
-        {"DrawCircle", "DrawCircle, solid fill", [red](const VImage& i) {
+        {"DrawCircle", "DrawCircle, solid fill",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
              return fx::DrawCircle(i, drawState(i, 0), f.x(0.5), f.y(0.5), f.y(0.35), red, 0.8);
          }},
-        {"DrawArc", "DrawArc 0 to 270", [red](const VImage& i) {
+        {"DrawArc", "DrawArc 0 to 270",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
-             return fx::DrawArc(i, drawState(i), f.x(0.2), f.y(0.1), f.x(0.8), f.y(0.9), 0, 270, red);
+             return fx::DrawArc(i, drawState(i), f.x(0.2), f.y(0.1), f.x(0.8), f.y(0.9), 0, 270,
+                                red);
          }},
-        {"DrawPie", "DrawPie 30 to 300, hatch", [red](const VImage& i) {
+        {"DrawPie", "DrawPie 30 to 300, hatch",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
-             return fx::DrawPie(i, drawState(i, 6), f.x(0.2), f.y(0.1), f.x(0.8), f.y(0.9), 30, 300, red);
+             return fx::DrawPie(i, drawState(i, 6), f.x(0.2), f.y(0.1), f.x(0.8), f.y(0.9), 30, 300,
+                                red);
          }},
-        {"DrawRoundRect", "DrawRoundRect, xor mode", [red](const VImage& i) {
+        {"DrawRoundRect", "DrawRoundRect, xor mode",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
              fx::DrawState st = drawState(i, 0);
              st.mode = int(fx::DrawModeCode::XorPen);
@@ -109,21 +119,25 @@ std::vector<EffectSample> drawingSamples() {
              return fx::DrawRoundRect(i, st, f.x(0.15), f.y(0.15), f.x(0.85), f.y(0.85), f.x(0.2),
                                       f.x(0.2), red);
          }},
-        {"DrawCurve", "DrawCurve", [red](const VImage& i) {
+        {"DrawCurve", "DrawCurve",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
              fx::DrawState st = drawState(i);
              st.width *= 2;
              auto p = [&](double a, double b) { return fx::Point{double(f.x(a)), double(f.y(b))}; };
-             return fx::DrawCurve(i, st, p(0.05, 0.9), p(0.2, -0.3), p(0.8, 1.3), p(0.95, 0.1), red);
+             return fx::DrawCurve(i, st, p(0.05, 0.9), p(0.2, -0.3), p(0.8, 1.3), p(0.95, 0.1),
+                                  red);
          }},
-        {"DrawPolygon", "DrawPolygon 5 points", [red](const VImage& i) {
+        {"DrawPolygon", "DrawPolygon 5 points",
+         [red](const VImage& i) {
              Frame f{i.width(), i.height()};
              auto p = [&](double a, double b) { return fx::Point{double(f.x(a)), double(f.y(b))}; };
-             return fx::DrawPolygon(i, drawState(i, 4),
-                                    {p(0.5, 0.05), p(0.9, 0.4), p(0.75, 0.95), p(0.25, 0.95), p(0.1, 0.4)},
-                                    red);
+             return fx::DrawPolygon(
+                 i, drawState(i, 4),
+                 {p(0.5, 0.05), p(0.9, 0.4), p(0.75, 0.95), p(0.25, 0.95), p(0.1, 0.4)}, red);
          }},
-        {"DrawText", "DrawText, bold underline", [](const VImage& i) {
+        {"DrawText", "DrawText, bold underline",
+         [](const VImage& i) {
              Frame f{i.width(), i.height()};
              fx::DrawState st = drawState(i);
              st.font = {"DejaVu Sans", std::max(6, i.height() / 12), false, true, true, false};
@@ -142,7 +156,8 @@ std::vector<EffectSample> effectSamples(const VImage& clipboard) {
         all.push_back(std::move(s));
     all.push_back({"Area", "Area + Swirl 360", [](const VImage& i) {
                        fx::AreaRect r{i.width() / 4, i.height() / 4, i.width() / 2, i.height() / 2};
-                       return fx::applyInArea(i, r, [](const VImage& a) { return fx::Swirl(a, 360); });
+                       return fx::applyInArea(i, r,
+                                              [](const VImage& a) { return fx::Swirl(a, 360); });
                    }});
     all.push_back({"Merge", "Merge stretch, 60..20%", [clipboard](const VImage& i) {
                        fx::MergeOptions o;

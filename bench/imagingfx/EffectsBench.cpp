@@ -14,15 +14,15 @@
 using vips::VImage;
 
 int main(int argc, char** argv) {
-    if (VIPS_INIT(argv[0]))
-        return 1;
+    if (VIPS_INIT(argv[0])) return 1;
     std::string photo = argc > 1 ? argv[1] : "bench/photos/Painting-Colors_by__herobrine7gamer.jpg";
     int runs = argc > 2 ? std::max(1, std::atoi(argv[2])) : 3;
     vips_cache_set_max(0);
     try {
         VImage source = VImage::new_from_file(photo.c_str());
-        VImage photo12 = source.resize(4000.0 / source.width(),
-                                       VImage::option()->set("vscale", 3000.0 / source.height()))
+        VImage photo12 = source
+                             .resize(4000.0 / source.width(),
+                                     VImage::option()->set("vscale", 3000.0 / source.height()))
                              .copy_memory();
         VImage clipboard = photo12.flip(VIPS_DIRECTION_VERTICAL).copy_memory();
         std::printf("%-14s %10s   (4000x3000, best of %d)\n", "member", "ms", runs);
@@ -31,8 +31,9 @@ int main(int argc, char** argv) {
             for (int r = 0; r < runs; ++r) {
                 auto t0 = std::chrono::steady_clock::now();
                 VImage out = s.run(photo12).copy_memory();
-                double ms = std::chrono::duration<double, std::milli>(
-                                std::chrono::steady_clock::now() - t0).count();
+                double ms =
+                    std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0)
+                        .count();
                 best = std::min(best, ms);
             }
             std::printf("%-14s %10.1f   %s\n", s.name.c_str(), best, s.label.c_str());

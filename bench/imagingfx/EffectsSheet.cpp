@@ -19,7 +19,8 @@ constexpr int kColumns = 6;
 constexpr int kGap = 8;
 
 VImage label(const std::string& text, int width) {
-    VImage t = VImage::text(text.c_str(), VImage::option()->set("font", "DejaVu Sans 11")->set("width", width));
+    VImage t = VImage::text(text.c_str(),
+                            VImage::option()->set("font", "DejaVu Sans 11")->set("width", width));
     VImage board = VImage::black(width, 24) + 255;
     VImage ink = (255 - t).cast(VIPS_FORMAT_UCHAR);
     board = board.insert(ink, 2, 4).cast(VIPS_FORMAT_UCHAR);
@@ -34,16 +35,18 @@ VImage tileFor(const std::string& caption, const VImage& picture, int height) {
 }
 
 VImage errorTile(const std::string& caption, const std::string& message, int height) {
-    VImage t = VImage::text(message.c_str(), VImage::option()->set("font", "DejaVu Sans 10")->set("width", kTileWidth - 10));
-    VImage grey = (VImage::black(kTileWidth, height) + 230).insert(255 - t, 5, 5).cast(VIPS_FORMAT_UCHAR);
+    VImage t = VImage::text(
+        message.c_str(),
+        VImage::option()->set("font", "DejaVu Sans 10")->set("width", kTileWidth - 10));
+    VImage grey =
+        (VImage::black(kTileWidth, height) + 230).insert(255 - t, 5, 5).cast(VIPS_FORMAT_UCHAR);
     return tileFor(caption, VImage::bandjoin({grey, grey, grey}), height);
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (VIPS_INIT(argv[0]))
-        return 1;
+    if (VIPS_INIT(argv[0])) return 1;
     std::string photo = argc > 1 ? argv[1] : "data/example.jpg";
     std::string output = argc > 2 ? argv[2] : "effects-sheet.png";
     try {
@@ -66,9 +69,9 @@ int main(int argc, char** argv) {
             tiles.push_back(errorTile("CaptureWindow 0", e.what(), h));
         }
         VImage sheet = VImage::arrayjoin(tiles, VImage::option()
-                                                   ->set("across", kColumns)
-                                                   ->set("shim", kGap)
-                                                   ->set("background", std::vector<double>{255}));
+                                                    ->set("across", kColumns)
+                                                    ->set("shim", kGap)
+                                                    ->set("background", std::vector<double>{255}));
         sheet.write_to_file(output.c_str());
         std::printf("%s: %zu tiles\n", output.c_str(), tiles.size());
     } catch (const vips::VError& e) {

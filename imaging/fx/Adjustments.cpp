@@ -22,8 +22,8 @@ namespace {
 std::vector<double> brightnessHistogram(const VImage& colour) {
     VImage hist = detail::luminance(colour).cast(colour.format()).hist_find();
     size_t size = 0;
-    std::unique_ptr<void, void (*)(void*)> data(hist.cast(VIPS_FORMAT_DOUBLE).write_to_memory(&size),
-                                                g_free);
+    std::unique_ptr<void, void (*)(void*)> data(
+        hist.cast(VIPS_FORMAT_DOUBLE).write_to_memory(&size), g_free);
     const double* counts = static_cast<const double*>(data.get());
     return std::vector<double>(counts, counts + size / sizeof(double));
 }
@@ -33,21 +33,21 @@ int percentile(const std::vector<double>& hist, double total, double fraction) {
     double sum = 0;
     for (size_t i = 0; i < hist.size(); ++i) {
         sum += hist[i];
-        if (sum > total * fraction)
-            return int(i);
+        if (sum > total * fraction) return int(i);
     }
     return int(hist.size()) - 1;
 }
 
-template <class F>
-std::vector<double> makeLut(double white, F&& curve) {
+template <class F> std::vector<double> makeLut(double white, F&& curve) {
     std::vector<double> lut(size_t(white) + 1);
     for (size_t v = 0; v < lut.size(); ++v)
         lut[v] = curve(double(v));
     return lut;
 }
 
-VImage lesser(const VImage& a, const VImage& b) { return (a < b).ifthenelse(a, b); }
+VImage lesser(const VImage& a, const VImage& b) {
+    return (a < b).ifthenelse(a, b);
+}
 
 // The bevel of Buttonize: a pixel nearer the top or left edge than the bottom or right one, and
 // within the width, is lit; one nearer the bottom or right is shaded (swapped when sunken).
@@ -64,8 +64,7 @@ struct Bevel {
         VImage nearBottomRight = lesser((w - 1) - x, (h - 1) - y);
         VImage lit = (nearTopLeft < width) & (nearTopLeft <= nearBottomRight);
         VImage shaded = (nearBottomRight < width) & (nearBottomRight < nearTopLeft);
-        if (sunken)
-            std::swap(lit, shaded);
+        if (sunken) std::swap(lit, shaded);
         VImage lighter = part + (white - part) * k;
         VImage darker = part * (1 - k);
         return lit.ifthenelse(lighter, shaded.ifthenelse(darker, part)).cast(c.format());
@@ -79,8 +78,7 @@ VImage AutoContrast(const VImage& image) {
         std::vector<double> hist = brightnessHistogram(c);
         double total = double(c.width()) * c.height();
         int lo = percentile(hist, total, 0.005), hi = percentile(hist, total, 0.995);
-        if (hi <= lo)
-            return c; // a flat image has no contrast to stretch
+        if (hi <= lo) return c; // a flat image has no contrast to stretch
         double gain = white / (hi - lo);
         return applyLut(c, makeLut(white, [&](double v) { return (v - lo) * gain; }), white);
     });
@@ -93,22 +91,25 @@ VImage Equalize(const VImage& image) {
         std::partial_sum(hist.begin(), hist.end(), cdf.begin());
         double first = *std::find_if(cdf.begin(), cdf.end(), [](double v) { return v > 0; });
         double span = cdf.back() - first;
-        if (span <= 0)
-            return c;
-        return applyLut(c, makeLut(white, [&](double v) {
-                            return white * std::max(0.0, cdf[size_t(v)] - first) / span;
-                        }),
-                        white);
+        if (span <= 0) return c;
+        return applyLut(
+            c,
+            makeLut(white,
+                    [&](double v) { return white * std::max(0.0, cdf[size_t(v)] - first) / span; }),
+            white);
     });
 }
 
 VImage Posterize(const VImage& image, int levels) {
     checkArgument("Posterize", "levels", levels);
     return onColour("Posterize", image, [&](const VImage& c, double white) {
-        return applyLut(c, makeLut(white, [&](double v) {
-                            double step = std::min(double(levels - 1), std::floor(v * levels / (white + 1)));
-                            return step * white / (levels - 1);
-                        }),
+        return applyLut(c,
+                        makeLut(white,
+                                [&](double v) {
+                                    double step = std::min(double(levels - 1),
+                                                           std::floor(v * levels / (white + 1)));
+                                    return step * white / (levels - 1);
+                                }),
                         white);
     });
 }
@@ -125,10 +126,12 @@ VImage Parabolic(const VImage& image, int amount) {
     checkArgument("Parabolic", "amount", amount);
     return onColour("Parabolic", image, [&](const VImage& c, double white) {
         double k = amount / 100.0;
-        return applyLut(c, makeLut(white, [&](double v) {
-                            double x = v / white;
-                            return v + (4 * x * (1 - x) * white - v) * k;
-                        }),
+        return applyLut(c,
+                        makeLut(white,
+                                [&](double v) {
+                                    double x = v / white;
+                                    return v + (4 * x * (1 - x) * white - v) * k;
+                                }),
                         white);
     });
 }
@@ -148,8 +151,7 @@ VImage ReplaceColors(const VImage& image, Colour low, Colour high, Colour replac
 VImage Noise(const VImage& image, int amount, int kind) {
     checkArgument("Noise", "amount", amount);
     checkArgument("Noise", "kind", kind);
-    if (amount == 0)
-        return image;
+    if (amount == 0) return image;
     return onColour("Noise", image, [&](const VImage& c, double white) {
         double sigma = amount / 100.0 * 64 * white / 255;
         // Monochrome noise is one band added to every channel.
@@ -162,8 +164,8 @@ VImage Mosaic(const VImage& image, int size) {
     return onColour("Mosaic", image, [&](const VImage& c, double) {
         int w = c.width(), h = c.height();
         int paddedW = (w + size - 1) / size * size, paddedH = (h + size - 1) / size * size;
-        VImage padded = c.embed(0, 0, paddedW, paddedH,
-                                VImage::option()->set("extend", VIPS_EXTEND_COPY));
+        VImage padded =
+            c.embed(0, 0, paddedW, paddedH, VImage::option()->set("extend", VIPS_EXTEND_COPY));
         return padded.shrink(size, size).zoom(size, size).crop(0, 0, w, h);
     });
 }
@@ -173,9 +175,10 @@ VImage Buttonize(const VImage& image, int width, int direction, int intensity) {
     checkArgument("Buttonize", "direction", direction);
     checkArgument("Buttonize", "intensity", intensity);
     if (width > std::min(image.width(), image.height()) / 2)
-        throwBadArgument("Buttonize", "width must be at most half the shorter side (" +
-                                          std::to_string(std::min(image.width(), image.height()) / 2) +
-                                          " pixels here, got " + std::to_string(width) + ")");
+        throwBadArgument("Buttonize",
+                         "width must be at most half the shorter side (" +
+                             std::to_string(std::min(image.width(), image.height()) / 2) +
+                             " pixels here, got " + std::to_string(width) + ")");
     return onColour("Buttonize", image, [&](const VImage& c, double white) {
         // Only the four border strips change; the middle is left as it is.
         int w = c.width(), h = c.height();

@@ -57,7 +57,8 @@ Placed placeClipboard(const VImage& clipboard, const detail::Planes& target, int
     VImage colour = clip.colour.cast(VIPS_FORMAT_FLOAT) * (target.white / clip.white);
     int want = target.colour.bands();
     if (colour.bands() < want)
-        colour = VImage::bandjoin({colour.extract_band(0), colour.extract_band(0), colour.extract_band(0)});
+        colour = VImage::bandjoin(
+            {colour.extract_band(0), colour.extract_band(0), colour.extract_band(0)});
     else if (colour.bands() > want)
         colour = detail::luminance(colour);
     VImage opacity = clip.hasAlpha ? clip.alpha.cast(VIPS_FORMAT_FLOAT) / clip.white
@@ -78,21 +79,31 @@ Placed placeClipboard(const VImage& clipboard, const detail::Planes& target, int
                               (h + both.height() - 1) / both.height())
                    .crop(0, 0, w, h);
         break;
-    case MergeSize::TopLeft: both = both.embed(0, 0, w, h); break;
+    case MergeSize::TopLeft:
+        both = both.embed(0, 0, w, h);
+        break;
     }
     return {both.extract_band(0, VImage::option()->set("n", want)), both.extract_band(want)};
 }
 
 VImage combine(MergeStyle style, const VImage& d, const VImage& c, double white) {
     switch (style) {
-    case MergeStyle::Add: return d + c;
-    case MergeStyle::Subtract: return d - c;
-    case MergeStyle::Multiply: return d * c / white;
-    case MergeStyle::Screen: return white - (white - d) * (white - c) / white;
-    case MergeStyle::Darken: return (d < c).ifthenelse(d, c);
-    case MergeStyle::Lighten: return (d > c).ifthenelse(d, c);
-    case MergeStyle::Difference: return (d - c).abs();
-    case MergeStyle::Normal: break;
+    case MergeStyle::Add:
+        return d + c;
+    case MergeStyle::Subtract:
+        return d - c;
+    case MergeStyle::Multiply:
+        return d * c / white;
+    case MergeStyle::Screen:
+        return white - (white - d) * (white - c) / white;
+    case MergeStyle::Darken:
+        return (d < c).ifthenelse(d, c);
+    case MergeStyle::Lighten:
+        return (d > c).ifthenelse(d, c);
+    case MergeStyle::Difference:
+        return (d - c).abs();
+    case MergeStyle::Normal:
+        break;
     }
     return c;
 }
@@ -109,8 +120,8 @@ VImage Merge(const VImage& image, const VImage& clipboard, const MergeOptions& o
         detail::Planes target{d, {}, false, d.format(), d.interpretation(), white};
         Placed clip = placeClipboard(clipboard, target, o.size);
         double low = o.lowPercent / 100.0, high = o.highPercent / 100.0;
-        VImage opacity = (detail::luminance(clip.colour) / white * (high - low) + low) *
-                         clip.coverage;
+        VImage opacity =
+            (detail::luminance(clip.colour) / white * (high - low) + low) * clip.coverage;
         if (o.transparent) {
             std::vector<double> key = detail::colourInk(o.transparentColor, d.bands(), white);
             VImage rounded = clip.colour.round(VIPS_OPERATION_ROUND_RINT);

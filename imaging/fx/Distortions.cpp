@@ -25,7 +25,9 @@ Offsets offsetsFrom(const VImage& image, double cx, double cy) {
     return {xy.extract_band(0) - cx, xy.extract_band(1) - cy};
 }
 
-VImage radius(const Offsets& o) { return (o.dx * o.dx + o.dy * o.dy).pow(0.5); }
+VImage radius(const Offsets& o) {
+    return (o.dx * o.dx + o.dy * o.dy).pow(0.5);
+}
 
 VImage resample(const VImage& image, const VImage& sx, const VImage& sy, bool edgeCopy) {
     return detail::remap(image, sx, sy, "bilinear", edgeCopy);
@@ -55,14 +57,11 @@ bool solveHomography(const std::array<Point, 4>& to, const std::array<Point, 4>&
     for (int col = 0; col < 8; ++col) {
         int pivot = col;
         for (int r = col + 1; r < 8; ++r)
-            if (std::abs(a[r][col]) > std::abs(a[pivot][col]))
-                pivot = r;
-        if (std::abs(a[pivot][col]) < 1e-9)
-            return false;
+            if (std::abs(a[r][col]) > std::abs(a[pivot][col])) pivot = r;
+        if (std::abs(a[pivot][col]) < 1e-9) return false;
         std::swap(a[col], a[pivot]);
         for (int r = 0; r < 8; ++r) {
-            if (r == col)
-                continue;
+            if (r == col) continue;
             double f = a[r][col] / a[col][col];
             for (int k = col; k < 9; ++k)
                 a[r][k] -= f * a[col][k];
@@ -123,15 +122,13 @@ VImage Twist(const VImage& image, int angle, int size) {
         VImage local = (xy % size).cast(VIPS_FORMAT_FLOAT) - half;
         VImage centre = xy.cast(VIPS_FORMAT_FLOAT) - local;
         Offsets t = swirled({local.extract_band(0), local.extract_band(1)}, angle, size / 2.0);
-        return resample(image, centre.extract_band(0) + t.dx, centre.extract_band(1) + t.dy,
-                        true);
+        return resample(image, centre.extract_band(0) + t.dx, centre.extract_band(1) + t.dy, true);
     });
 }
 
 VImage Pinch(const VImage& image, int amount) {
     checkArgument("Pinch", "amount", amount);
-    if (amount == 0)
-        return image;
+    if (amount == 0) return image;
     return guarded("Pinch", [&] {
         double cx = (image.width() - 1) / 2.0, cy = (image.height() - 1) / 2.0;
         double limit = std::min(image.width(), image.height()) / 2.0;
@@ -149,17 +146,14 @@ VImage Ripple(const VImage& image, int amplitude, int wavelength, int direction)
     checkArgument("Ripple", "amplitude", amplitude);
     checkArgument("Ripple", "wavelength", wavelength);
     checkArgument("Ripple", "direction", direction);
-    if (amplitude == 0)
-        return image;
+    if (amplitude == 0) return image;
     return guarded("Ripple", [&] {
         double cx = (image.width() - 1) / 2.0, cy = (image.height() - 1) / 2.0;
         Offsets o = offsetsFrom(image, cx, cy);
         VImage x = o.dx + cx, y = o.dy + cy;
         double perPixel = 360.0 / wavelength;
-        if (direction == 0)
-            return resample(image, x, y + (x * perPixel).sin() * amplitude, true);
-        if (direction == 1)
-            return resample(image, x + (y * perPixel).sin() * amplitude, y, true);
+        if (direction == 0) return resample(image, x, y + (x * perPixel).sin() * amplitude, true);
+        if (direction == 1) return resample(image, x + (y * perPixel).sin() * amplitude, y, true);
         VImage r = radius(o) + 1e-6;
         VImage push = (r * perPixel).sin() * amplitude / r;
         return resample(image, x + o.dx * push, y + o.dy * push, true);
@@ -169,16 +163,27 @@ VImage Ripple(const VImage& image, int amplitude, int wavelength, int direction)
 VImage Perspective(const VImage& image, int edge, int amount) {
     checkArgument("Perspective", "edge", edge);
     checkArgument("Perspective", "amount", amount);
-    if (amount == 0)
-        return image;
+    if (amount == 0) return image;
     double w = image.width() - 1, h = image.height() - 1;
     double sx = amount / 100.0 * w / 2, sy = amount / 100.0 * h / 2;
     std::array<Point, 4> c{Point{0, 0}, Point{w, 0}, Point{w, h}, Point{0, h}};
     switch (edge) {
-    case 0: c[0].x += sx; c[1].x -= sx; break;
-    case 1: c[3].x += sx; c[2].x -= sx; break;
-    case 2: c[0].y += sy; c[3].y -= sy; break;
-    default: c[1].y += sy; c[2].y -= sy; break;
+    case 0:
+        c[0].x += sx;
+        c[1].x -= sx;
+        break;
+    case 1:
+        c[3].x += sx;
+        c[2].x -= sx;
+        break;
+    case 2:
+        c[0].y += sy;
+        c[3].y -= sy;
+        break;
+    default:
+        c[1].y += sy;
+        c[2].y -= sy;
+        break;
     }
     return warp("Perspective", image, c);
 }

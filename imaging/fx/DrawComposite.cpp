@@ -19,8 +19,7 @@ Canvas::Canvas(const VImage& image, double left, double top, double right, doubl
     int b = std::min(image.height(), int(std::ceil(bottom)));
     m_width = r - m_left;
     m_height = b - m_top;
-    if (empty())
-        return;
+    if (empty()) return;
     m_surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, m_width, m_height);
     m_cr = cairo_create(m_surface);
     if (cairo_status(m_cr) != CAIRO_STATUS_SUCCESS)
@@ -30,35 +29,51 @@ Canvas::Canvas(const VImage& image, double left, double top, double right, doubl
 }
 
 Canvas::~Canvas() {
-    if (m_cr)
-        cairo_destroy(m_cr);
-    if (m_surface)
-        cairo_surface_destroy(m_surface);
+    if (m_cr) cairo_destroy(m_cr);
+    if (m_surface) cairo_surface_destroy(m_surface);
 }
 
 namespace {
 
-VImage bitNot(const VImage& v, double white) { return white - v; }
+VImage bitNot(const VImage& v, double white) {
+    return white - v;
+}
 
 // The sixteen binary raster operations on pixel D and pen P (bitwise on each channel).
 VImage rasterOp(int mode, const VImage& d, const VImage& p, double white) {
     switch (static_cast<DrawModeCode>(mode)) {
-    case DrawModeCode::Blackness: return d * 0;
-    case DrawModeCode::NotMergePen: return bitNot(d | p, white);
-    case DrawModeCode::MaskNotPen: return d & bitNot(p, white);
-    case DrawModeCode::NotCopyPen: return bitNot(p, white);
-    case DrawModeCode::MaskPenNot: return p & bitNot(d, white);
-    case DrawModeCode::Invert: return bitNot(d, white);
-    case DrawModeCode::XorPen: return d ^ p;
-    case DrawModeCode::NotMaskPen: return bitNot(d & p, white);
-    case DrawModeCode::MaskPen: return d & p;
-    case DrawModeCode::NotXorPen: return bitNot(d ^ p, white);
-    case DrawModeCode::Nop: return d;
-    case DrawModeCode::MergeNotPen: return d | bitNot(p, white);
-    case DrawModeCode::MergePenNot: return p | bitNot(d, white);
-    case DrawModeCode::MergePen: return d | p;
-    case DrawModeCode::Whiteness: return d * 0 + white;
-    case DrawModeCode::CopyPen: break;
+    case DrawModeCode::Blackness:
+        return d * 0;
+    case DrawModeCode::NotMergePen:
+        return bitNot(d | p, white);
+    case DrawModeCode::MaskNotPen:
+        return d & bitNot(p, white);
+    case DrawModeCode::NotCopyPen:
+        return bitNot(p, white);
+    case DrawModeCode::MaskPenNot:
+        return p & bitNot(d, white);
+    case DrawModeCode::Invert:
+        return bitNot(d, white);
+    case DrawModeCode::XorPen:
+        return d ^ p;
+    case DrawModeCode::NotMaskPen:
+        return bitNot(d & p, white);
+    case DrawModeCode::MaskPen:
+        return d & p;
+    case DrawModeCode::NotXorPen:
+        return bitNot(d ^ p, white);
+    case DrawModeCode::Nop:
+        return d;
+    case DrawModeCode::MergeNotPen:
+        return d | bitNot(p, white);
+    case DrawModeCode::MergePenNot:
+        return p | bitNot(d, white);
+    case DrawModeCode::MergePen:
+        return d | p;
+    case DrawModeCode::Whiteness:
+        return d * 0 + white;
+    case DrawModeCode::CopyPen:
+        break;
     }
     return p;
 }
@@ -66,19 +81,19 @@ VImage rasterOp(int mode, const VImage& d, const VImage& p, double white) {
 } // namespace
 
 VImage Canvas::compositeOnto(const VImage& image, int drawMode) const {
-    if (empty())
-        return image;
+    if (empty()) return image;
     cairo_surface_flush(m_surface);
     int stride = cairo_image_surface_get_stride(m_surface);
     const unsigned char* data = cairo_image_surface_get_data(m_surface);
     // Cairo's ARGB32 is a native-endian word: bytes B, G, R, A on little-endian machines.
-    VImage bgra = VImage::new_from_memory(const_cast<unsigned char*>(data),
-                                          size_t(stride) * m_height, stride / 4, m_height, 4,
-                                          VIPS_FORMAT_UCHAR)
-                      .crop(0, 0, m_width, m_height)
-                      .copy_memory();
+    VImage bgra =
+        VImage::new_from_memory(const_cast<unsigned char*>(data), size_t(stride) * m_height,
+                                stride / 4, m_height, 4, VIPS_FORMAT_UCHAR)
+            .crop(0, 0, m_width, m_height)
+            .copy_memory();
     VImage alpha = bgra.extract_band(3).cast(VIPS_FORMAT_FLOAT) / 255;
-    VImage premultiplied = VImage::bandjoin({bgra.extract_band(2), bgra.extract_band(1), bgra.extract_band(0)});
+    VImage premultiplied =
+        VImage::bandjoin({bgra.extract_band(2), bgra.extract_band(1), bgra.extract_band(0)});
     VImage rgb = (alpha > 0).ifthenelse(premultiplied / (alpha + 1e-9), 0.0);
 
     Planes planes = splitPlanes(image.crop(m_left, m_top, m_width, m_height));

@@ -53,10 +53,22 @@ cairo_pattern_t* hatchPattern(FillStyleCode style, Colour colour) {
     bool vertical = style == FillStyleCode::VerticalLine || style == FillStyleCode::Cross;
     bool up = style == FillStyleCode::UpwardDiagonal || style == FillStyleCode::DiagonalCross;
     bool down = style == FillStyleCode::DownwardDiagonal || style == FillStyleCode::DiagonalCross;
-    if (horizontal) { cairo_move_to(cr, 0, 3.5); cairo_line_to(cr, 8, 3.5); }
-    if (vertical) { cairo_move_to(cr, 3.5, 0); cairo_line_to(cr, 3.5, 8); }
-    if (up) { cairo_move_to(cr, -1, 9); cairo_line_to(cr, 9, -1); }
-    if (down) { cairo_move_to(cr, -1, -1); cairo_line_to(cr, 9, 9); }
+    if (horizontal) {
+        cairo_move_to(cr, 0, 3.5);
+        cairo_line_to(cr, 8, 3.5);
+    }
+    if (vertical) {
+        cairo_move_to(cr, 3.5, 0);
+        cairo_line_to(cr, 3.5, 8);
+    }
+    if (up) {
+        cairo_move_to(cr, -1, 9);
+        cairo_line_to(cr, 9, -1);
+    }
+    if (down) {
+        cairo_move_to(cr, -1, -1);
+        cairo_line_to(cr, 9, 9);
+    }
     cairo_stroke(cr);
     cairo_destroy(cr);
     cairo_pattern_t* pattern = cairo_pattern_create_for_surface(tile);
@@ -83,11 +95,20 @@ void setLineStyle(cairo_t* cr, const DrawState& st) {
     cairo_set_line_width(cr, w);
     std::vector<double> dashes;
     switch (static_cast<LineStyleCode>(st.style)) {
-    case LineStyleCode::Dash: dashes = {4 * w, 2 * w}; break;
-    case LineStyleCode::Dot: dashes = {w, w}; break;
-    case LineStyleCode::DashDot: dashes = {4 * w, 2 * w, w, 2 * w}; break;
-    case LineStyleCode::DashDotDot: dashes = {4 * w, 2 * w, w, 2 * w, w, 2 * w}; break;
-    default: break;
+    case LineStyleCode::Dash:
+        dashes = {4 * w, 2 * w};
+        break;
+    case LineStyleCode::Dot:
+        dashes = {w, w};
+        break;
+    case LineStyleCode::DashDot:
+        dashes = {4 * w, 2 * w, w, 2 * w};
+        break;
+    case LineStyleCode::DashDotDot:
+        dashes = {4 * w, 2 * w, w, 2 * w, w, 2 * w};
+        break;
+    default:
+        break;
     }
     cairo_set_dash(cr, dashes.data(), int(dashes.size()), 0);
 }
@@ -103,8 +124,7 @@ VImage render(const char* member, const VImage& image, const DrawState& st, Box 
     return guarded(member, [&] {
         double pad = st.width / 2.0 + 2;
         Canvas canvas(image, b.left - pad, b.top - pad, b.right + pad + 1, b.bottom + pad + 1);
-        if (canvas.empty())
-            return image;
+        if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
         path(cr);
         if (solidFill || (closed && st.fillStyle != int(FillStyleCode::Transparent))) {
@@ -130,8 +150,7 @@ VImage render(const char* member, const VImage& image, const DrawState& st, Box 
 }
 
 // Adds an elliptical arc to the path; angles in degrees counter-clockwise as seen on screen.
-void ellipseArc(cairo_t* cr, double cx, double cy, double rx, double ry, double start,
-                double end) {
+void ellipseArc(cairo_t* cr, double cx, double cy, double rx, double ry, double start, double end) {
     if (rx <= 0 || ry <= 0) {
         cairo_line_to(cr, cx, cy);
         return;
@@ -169,13 +188,16 @@ VImage DrawLine(const VImage& image, const DrawState& st, int x1, int y1, int x2
             cairo_line_to(cr, x2, y2);
         });
     std::optional<Colour> solid = fill ? std::optional<Colour>(color) : std::nullopt;
-    return render("DrawLine", image, st, b, color, true, [&](cairo_t* cr) {
-        cairo_rectangle(cr, b.left, b.top, b.right - b.left, b.bottom - b.top);
-    }, solid);
+    return render(
+        "DrawLine", image, st, b, color, true,
+        [&](cairo_t* cr) {
+            cairo_rectangle(cr, b.left, b.top, b.right - b.left, b.bottom - b.top);
+        },
+        solid);
 }
 
-VImage DrawCircle(const VImage& image, const DrawState& st, int x, int y, int radius,
-                  Colour color, double aspect) {
+VImage DrawCircle(const VImage& image, const DrawState& st, int x, int y, int radius, Colour color,
+                  double aspect) {
     checkArgument("DrawCircle", "radius", radius);
     checkArgument("DrawCircle", "aspect", aspect);
     double ry = radius * aspect;
@@ -187,8 +209,8 @@ VImage DrawCircle(const VImage& image, const DrawState& st, int x, int y, int ra
     });
 }
 
-VImage DrawArc(const VImage& image, const DrawState& st, int x1, int y1, int x2, int y2,
-               int start, int end, Colour color) {
+VImage DrawArc(const VImage& image, const DrawState& st, int x1, int y1, int x2, int y2, int start,
+               int end, Colour color) {
     Box b = ellipseBox(x1, y1, x2, y2);
     return render("DrawArc", image, st, b, color, false, [&](cairo_t* cr) {
         cairo_new_sub_path(cr);
@@ -197,8 +219,8 @@ VImage DrawArc(const VImage& image, const DrawState& st, int x1, int y1, int x2,
     });
 }
 
-VImage DrawPie(const VImage& image, const DrawState& st, int x1, int y1, int x2, int y2,
-               int start, int end, Colour color) {
+VImage DrawPie(const VImage& image, const DrawState& st, int x1, int y1, int x2, int y2, int start,
+               int end, Colour color) {
     Box b = ellipseBox(x1, y1, x2, y2);
     return render("DrawPie", image, st, b, color, true, [&](cairo_t* cr) {
         double cx = (b.left + b.right) / 2, cy = (b.top + b.bottom) / 2;
@@ -217,8 +239,10 @@ VImage DrawRoundRect(const VImage& image, const DrawState& st, int x1, int y1, i
     double ry = std::min(cornerHeight / 2.0, (b.bottom - b.top) / 2);
     return render("DrawRoundRect", image, st, b, color, true, [&](cairo_t* cr) {
         // Corners clockwise on screen from the top right, each a quarter of the corner ellipse.
-        const double corners[4][2] = {{b.right - rx, b.top + ry}, {b.right - rx, b.bottom - ry},
-                                      {b.left + rx, b.bottom - ry}, {b.left + rx, b.top + ry}};
+        const double corners[4][2] = {{b.right - rx, b.top + ry},
+                                      {b.right - rx, b.bottom - ry},
+                                      {b.left + rx, b.bottom - ry},
+                                      {b.left + rx, b.top + ry}};
         cairo_new_sub_path(cr);
         for (int k = 0; k < 4; ++k) {
             double from = (k - 1) * std::numbers::pi / 2;
@@ -236,13 +260,12 @@ VImage DrawRoundRect(const VImage& image, const DrawState& st, int x1, int y1, i
     });
 }
 
-VImage DrawCurve(const VImage& image, const DrawState& st, Point p1, Point p2, Point p3,
-                 Point p4, Colour color) {
-    return render("DrawCurve", image, st, boxOf({p1, p2, p3, p4}), color, false,
-                  [&](cairo_t* cr) {
-                      cairo_move_to(cr, p1.x, p1.y);
-                      cairo_curve_to(cr, p2.x, p2.y, p3.x, p3.y, p4.x, p4.y);
-                  });
+VImage DrawCurve(const VImage& image, const DrawState& st, Point p1, Point p2, Point p3, Point p4,
+                 Colour color) {
+    return render("DrawCurve", image, st, boxOf({p1, p2, p3, p4}), color, false, [&](cairo_t* cr) {
+        cairo_move_to(cr, p1.x, p1.y);
+        cairo_curve_to(cr, p2.x, p2.y, p3.x, p3.y, p4.x, p4.y);
+    });
 }
 
 VImage DrawPolygon(const VImage& image, const DrawState& st, const std::vector<Point>& points,

@@ -21,8 +21,8 @@ void checkDrawState(const DrawState& state);
 // pen colour instead of the fill style.
 vips::VImage DrawLine(const vips::VImage& image, const DrawState& state, int x1, int y1, int x2,
                       int y2, Colour color = 0, bool box = false, bool fill = false);
-vips::VImage DrawCircle(const vips::VImage& image, const DrawState& state, int x, int y,
-                        int radius, Colour color = 0, double aspect = 1.0);
+vips::VImage DrawCircle(const vips::VImage& image, const DrawState& state, int x, int y, int radius,
+                        Colour color = 0, double aspect = 1.0);
 // Angles in degrees, counter-clockwise from 3 o'clock; the ellipse fills the box.
 vips::VImage DrawArc(const vips::VImage& image, const DrawState& state, int x1, int y1, int x2,
                      int y2, int start, int end, Colour color = 0);

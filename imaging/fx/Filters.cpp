@@ -83,11 +83,9 @@ VImage Soften(const VImage& image, int strength) {
 
 VImage Sharpen(const VImage& image, int amount) {
     checkArgument("Sharpen", "amount", amount);
-    if (amount == 0)
-        return image;
-    return onColour("Sharpen", image, [&](const VImage& c, double) {
-        return unsharp(c, amount / 50.0);
-    });
+    if (amount == 0) return image;
+    return onColour("Sharpen", image,
+                    [&](const VImage& c, double) { return unsharp(c, amount / 50.0); });
 }
 
 VImage MBlur(const VImage& image, int angle, int distance, int strength) {
@@ -147,8 +145,7 @@ VImage Blend(const VImage& image, int percent) {
 VImage Matrix(const VImage& image, const std::array<int, 9>& kernel, int divisor, int bias) {
     checkArgument("Matrix", "divisor", divisor);
     checkArgument("Matrix", "bias", bias);
-    if (divisor == 0)
-        throwBadArgument("Matrix", "divisor must not be 0");
+    if (divisor == 0) throwBadArgument("Matrix", "divisor must not be 0");
     return onColour("Matrix", image, [&](const VImage& c, double white) {
         std::vector<double> values(kernel.begin(), kernel.end());
         // libvips sums in integers and clips only the result, so negative weights are safe.

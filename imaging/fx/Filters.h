@@ -33,8 +33,7 @@ vips::VImage Equalize(const vips::VImage& image);
 vips::VImage Posterize(const vips::VImage& image, int levels);
 vips::VImage Solarize(const vips::VImage& image, int threshold);
 vips::VImage Parabolic(const vips::VImage& image, int amount);
-vips::VImage ReplaceColors(const vips::VImage& image, Colour low, Colour high,
-                           Colour replacement);
+vips::VImage ReplaceColors(const vips::VImage& image, Colour low, Colour high, Colour replacement);
 vips::VImage Noise(const vips::VImage& image, int amount, int kind);
 vips::VImage Mosaic(const vips::VImage& image, int size);
 vips::VImage Buttonize(const vips::VImage& image, int width, int direction, int intensity);

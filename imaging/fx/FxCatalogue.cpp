@@ -30,8 +30,7 @@ std::string numberText(double v) {
 
 const FxMemberInfo* findEffect(std::string_view name) {
     for (const FxMemberInfo& m : effectCatalogue())
-        if (sameName(m.name, name))
-            return &m;
+        if (sameName(m.name, name)) return &m;
     return nullptr;
 }
 
@@ -39,25 +38,21 @@ const FxArgument& findArgument(std::string_view member, std::string_view argumen
     const FxMemberInfo* info = findEffect(member);
     if (info)
         for (const FxArgument& a : info->arguments)
-            if (a.name == argument)
-                return a;
+            if (a.name == argument) return a;
     // A programming error of the effects themselves, not of a script.
     throw std::logic_error("effect table has no argument " + std::string(member) + "." +
                            std::string(argument));
 }
 
 std::string rangeText(const FxArgument& a) {
-    if (!a.ranged)
-        return "";
-    if (a.type == "colour")
-        return "0 to &HFFFFFF";
+    if (!a.ranged) return "";
+    if (a.type == "colour") return "0 to &HFFFFFF";
     return numberText(a.min) + " to " + numberText(a.max);
 }
 
 void checkArgument(std::string_view member, std::string_view argument, double value) {
     const FxArgument& a = findArgument(member, argument);
-    if (!a.ranged || (value >= a.min && value <= a.max && !std::isnan(value)))
-        return;
+    if (!a.ranged || (value >= a.min && value <= a.max && !std::isnan(value))) return;
     std::string got = a.type == "colour" && value < 0 ? "&H" : "";
     if (a.type == "colour" && value < 0) {
         char buf[16];
@@ -66,8 +61,25 @@ void checkArgument(std::string_view member, std::string_view argument, double va
     } else {
         got = numberText(value);
     }
-    throwBadArgument(std::string(member), std::string(argument) + " must be " + rangeText(a) +
-                                              " (got " + got + ")");
+    throwBadArgument(std::string(member),
+                     std::string(argument) + " must be " + rangeText(a) + " (got " + got + ")");
+}
+
+std::string referenceEntry(const FxMemberInfo& m) {
+    std::string call(m.name), lines;
+    for (size_t k = 0; k < m.arguments.size(); ++k) {
+        const FxArgument& a = m.arguments[k];
+        bool optional = !a.defaultValue.empty();
+        call += (k == 0 ? " " : ", ") + std::string(optional ? "[" : "") + std::string(a.name) +
+                (optional ? "]" : "");
+        lines += "    " + std::string(a.name) + ": " + std::string(a.type);
+        if (a.ranged)
+            lines += ", " + rangeText(a);
+        if (optional)
+            lines += ", default " + std::string(a.defaultValue);
+        lines += " - " + std::string(a.meaning) + "\n";
+    }
+    return call + "\n    " + std::string(m.description) + "\n" + lines;
 }
 
 } // namespace fx

@@ -20,7 +20,8 @@ struct FxArgument {
 
 struct FxMemberInfo {
     std::string_view name;
-    std::string_view family; // Filters, Distortions, Drawing, Drawing state, Area and merge, Capture
+    std::string_view
+        family; // Filters, Distortions, Drawing, Drawing state, Area and merge, Capture
     std::vector<FxArgument> arguments;
     std::string_view description;
 };
@@ -36,5 +37,9 @@ void checkArgument(std::string_view member, std::string_view argument, double va
 
 // "2 to 64", "-360 to 360", "0 to &HFFFFFF" for colours: the range as the reference shows it.
 std::string rangeText(const FxArgument& argument);
+
+// The member as the reference document shows it: the call with optional arguments in brackets,
+// the description, then one line per argument with type, range, default and meaning.
+std::string referenceEntry(const FxMemberInfo& member);
 
 } // namespace fx

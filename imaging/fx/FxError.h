@@ -1,4 +1,5 @@
-// The one error type the effects throw: a member name, a kind and a message a script user can act on.
+// The one error type the effects throw: a member name, a kind and a message a script user can act
+// on.
 #pragma once
 
 #include <stdexcept>
@@ -34,8 +35,7 @@ private:
 
 // Runs a libvips pipeline builder and turns a vips::VError into an FxError of kind Library,
 // keeping libvips' message, so nothing from libvips leaves the effects raw.
-template <class F>
-vips::VImage guarded(const char* member, F&& build) {
+template <class F> vips::VImage guarded(const char* member, F&& build) {
     try {
         return std::forward<F>(build)();
     } catch (const vips::VError& e) {

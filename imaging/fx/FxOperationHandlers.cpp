@@ -16,12 +16,11 @@ using vips::VImage;
 
 [[noreturn]] void rethrow(const ::fx::FxError& e) {
     fail(e.kind() == ::fx::FxErrorKind::BadArgument ? ErrorCode::ArgumentOutOfRange
-                                                   : ErrorCode::ProcessingFailed,
+                                                    : ErrorCode::ProcessingFailed,
          e.what());
 }
 
-template <ApplyFn F>
-VImage mapped(const VImage& in, const OpArgs& a, const OpContext& ctx) {
+template <ApplyFn F> VImage mapped(const VImage& in, const OpArgs& a, const OpContext& ctx) {
     try {
         return F(in, a, ctx);
     } catch (const ::fx::FxError& e) {
@@ -29,8 +28,7 @@ VImage mapped(const VImage& in, const OpArgs& a, const OpContext& ctx) {
     }
 }
 
-template <RunFn F>
-void mappedRun(ImagingControl& c, const OpArgs& a) {
+template <RunFn F> void mappedRun(ImagingControl& c, const OpArgs& a) {
     try {
         F(c, a);
     } catch (const ::fx::FxError& e) {
@@ -46,12 +44,14 @@ void mappedRun(ImagingControl& c, const OpArgs& a) {
     st.fillStyle = d.drawFillStyle;
     st.style = d.drawStyle;
     st.width = d.drawWidth;
-    st.font = {d.font.name, d.font.size, d.font.italic, d.font.bold, d.font.underline,
-               d.font.strikethrough};
+    st.font = {d.font.name, d.font.size,      d.font.italic,
+               d.font.bold, d.font.underline, d.font.strikethrough};
     return st;
 }
 
-::fx::Point point(const OpArgs& a, size_t k) { return {double(a.i(k)), double(a.i(k + 1))}; }
+::fx::Point point(const OpArgs& a, size_t k) {
+    return {double(a.i(k)), double(a.i(k + 1))};
+}
 
 #define FX_APPLY(name, call)                                                                       \
     VImage name(const VImage& in, const OpArgs& a, const OpContext& ctx) {                         \
@@ -86,13 +86,13 @@ FX_APPLY(pinch, ::fx::Pinch(in, a.i(0)))
 FX_APPLY(ripple, ::fx::Ripple(in, a.i(0), a.i(1), a.i(2)))
 FX_APPLY(perspective, ::fx::Perspective(in, a.i(0), a.i(1)))
 FX_APPLY(pWarp, ::fx::PWarp(in, {point(a, 0), point(a, 2), point(a, 4), point(a, 6)}))
-FX_APPLY(drawLine, ::fx::DrawLine(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4),
-                                  a.b(5), a.b(6)))
+FX_APPLY(drawLine,
+         ::fx::DrawLine(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.b(5), a.b(6)))
 FX_APPLY(drawCircle, ::fx::DrawCircle(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.d(4)))
-FX_APPLY(drawArc, ::fx::DrawArc(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.i(5),
-                                a.i(6)))
-FX_APPLY(drawPie, ::fx::DrawPie(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.i(5),
-                                a.i(6)))
+FX_APPLY(drawArc,
+         ::fx::DrawArc(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.i(5), a.i(6)))
+FX_APPLY(drawPie,
+         ::fx::DrawPie(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.i(5), a.i(6)))
 FX_APPLY(drawRoundRect, ::fx::DrawRoundRect(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3),
                                             a.i(4), a.i(5), a.i(6)))
 FX_APPLY(drawCurve, ::fx::DrawCurve(in, drawState(ctx), point(a, 0), point(a, 2), point(a, 4),
@@ -115,8 +115,7 @@ VImage drawPolygon(const VImage& in, const OpArgs& a, const OpContext& ctx) {
     for (size_t k = 4; k < 12; k += 2) {
         if (a.given(k) != a.given(k + 1))
             fail(ErrorCode::ArgumentOutOfRange, "DrawPolygon: points come in x, y pairs");
-        if (a.given(k))
-            points.push_back(point(a, k));
+        if (a.given(k)) points.push_back(point(a, k));
     }
     return ::fx::DrawPolygon(in, drawState(ctx), points, a.i(12));
 }
@@ -128,14 +127,12 @@ void area(ImagingControl& c, const OpArgs& a) {
         return;
     }
     ::fx::AreaRect r{a.i(1), a.i(2), a.i(3), a.i(4)};
-    if (c.hasImage())
-        r = ::fx::clipArea(r, c.image().width(), c.image().height());
+    if (c.hasImage()) r = ::fx::clipArea(r, c.image().width(), c.image().height());
     s = {true, r.x, r.y, r.width, r.height};
 }
 
 // The clipboard through the control's accessor, when the control has one.
-template <class Control>
-const VImage* clipboardOf(Control& c) {
+template <class Control> const VImage* clipboardOf(Control& c) {
     if constexpr (requires { c.clipboardImage(); })
         return c.clipboardImage();
     else
@@ -143,16 +140,16 @@ const VImage* clipboardOf(Control& c) {
 }
 
 void merge(ImagingControl& c, const OpArgs& a) {
-    if (!a.b(0))
-        return;
+    if (!a.b(0)) return;
     const VImage* clip = clipboardOf(c);
-    if (!clip)
-        fail(ErrorCode::NothingToPaste, "Merge needs an image on the clipboard (use Copy)");
+    if (!clip) fail(ErrorCode::NothingToPaste, "Merge needs an image on the clipboard (use Copy)");
     ::fx::MergeOptions o{a.i(1), a.i(2), a.b(3), a.i(4), a.i(5), a.i(6)};
     c.setImage(::fx::Merge(c.image(), *clip, o));
 }
 
-void captureWindow(ImagingControl& c, const OpArgs& a) { c.setImage(::fx::CaptureWindow(a.i(0))); }
+void captureWindow(ImagingControl& c, const OpArgs& a) {
+    c.setImage(::fx::CaptureWindow(a.i(0)));
+}
 
 // Drawing takes image coordinates, so the processing area does not apply to it.
 constexpr unsigned kDraw = OpWholeImage;
@@ -200,6 +197,8 @@ const HandlerDef kHandlers[] = {
 
 } // namespace
 
-std::span<const HandlerDef> handlers() { return kHandlers; }
+std::span<const HandlerDef> handlers() {
+    return kHandlers;
+}
 
 } // namespace imaging::fx

@@ -77,8 +77,7 @@ std::span<const OperationDef> operationTable() {
         std::vector<OperationDef> rows;
         for (const HandlerDef& h : handlers()) {
             const ::fx::FxMemberInfo* info = ::fx::findEffect(h.name);
-            if (!info)
-                continue; // a handler without a table entry is caught by the coverage test
+            if (!info) continue; // a handler without a table entry is caught by the coverage test
             std::vector<ParamDef>& params = paramStore.emplace_back();
             for (const ::fx::FxArgument& a : info->arguments)
                 expand(a, params);

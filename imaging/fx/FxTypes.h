@@ -9,20 +9,48 @@ namespace fx {
 // Script colours are packed 0x00BBGGRR: red in the low byte, then green, then blue.
 using Colour = std::int32_t;
 
-inline int redOf(Colour c) { return c & 0xFF; }
-inline int greenOf(Colour c) { return (c >> 8) & 0xFF; }
-inline int blueOf(Colour c) { return (c >> 16) & 0xFF; }
-inline Colour makeColour(int r, int g, int b) { return r | (g << 8) | (b << 16); }
+inline int redOf(Colour c) {
+    return c & 0xFF;
+}
+inline int greenOf(Colour c) {
+    return (c >> 8) & 0xFF;
+}
+inline int blueOf(Colour c) {
+    return (c >> 16) & 0xFF;
+}
+inline Colour makeColour(int r, int g, int b) {
+    return r | (g << 8) | (b << 16);
+}
 
 // Raster operations of DrawMode: how the pen colour P combines with the pixel D under it.
 enum class DrawModeCode {
-    Blackness = 1, NotMergePen, MaskNotPen, NotCopyPen, MaskPenNot, Invert, XorPen, NotMaskPen,
-    MaskPen, NotXorPen, Nop, MergeNotPen, CopyPen, MergePenNot, MergePen, Whiteness
+    Blackness = 1,
+    NotMergePen,
+    MaskNotPen,
+    NotCopyPen,
+    MaskPenNot,
+    Invert,
+    XorPen,
+    NotMaskPen,
+    MaskPen,
+    NotXorPen,
+    Nop,
+    MergeNotPen,
+    CopyPen,
+    MergePenNot,
+    MergePen,
+    Whiteness
 };
 
 // DrawFillStyle: how closed shapes are filled with DrawFillColor.
 enum class FillStyleCode {
-    Solid = 0, Transparent, HorizontalLine, VerticalLine, UpwardDiagonal, DownwardDiagonal, Cross,
+    Solid = 0,
+    Transparent,
+    HorizontalLine,
+    VerticalLine,
+    UpwardDiagonal,
+    DownwardDiagonal,
+    Cross,
     DiagonalCross
 };
 

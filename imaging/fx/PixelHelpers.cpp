@@ -28,24 +28,22 @@ Planes splitPlanes(const VImage& image) {
 
 VImage joinPlanes(const Planes& p, const VImage& colour) {
     VImage out = colour.format() == p.format ? colour : colour.cast(p.format);
-    if (p.hasAlpha)
-        out = out.bandjoin(p.alpha);
+    if (p.hasAlpha) out = out.bandjoin(p.alpha);
     return out.copy(VImage::option()->set("interpretation", p.interpretation));
 }
 
 std::vector<double> colourInk(Colour c, int bands, double white) {
     double k = white / 255.0;
     if (bands < 3)
-        return std::vector<double>(
-            bands, k * (0.299 * redOf(c) + 0.587 * greenOf(c) + 0.114 * blueOf(c)));
+        return std::vector<double>(bands,
+                                   k * (0.299 * redOf(c) + 0.587 * greenOf(c) + 0.114 * blueOf(c)));
     std::vector<double> ink{k * redOf(c), k * greenOf(c), k * blueOf(c)};
     ink.resize(bands, 0);
     return ink;
 }
 
 VImage luminance(const VImage& colour) {
-    if (colour.bands() < 3)
-        return colour.extract_band(0).cast(VIPS_FORMAT_FLOAT);
+    if (colour.bands() < 3) return colour.extract_band(0).cast(VIPS_FORMAT_FLOAT);
     double weights[] = {0.299, 0.587, 0.114};
     VImage matrix = VImage::new_matrix(3, 1, weights, 3);
     return colour.extract_band(0, VImage::option()->set("n", 3)).recomb(matrix);
@@ -61,10 +59,8 @@ VImage applyLut(const VImage& colour, const std::vector<double>& lut, double whi
 }
 
 VImage mix(const VImage& a, const VImage& b, double t) {
-    if (t <= 0)
-        return a;
-    if (t >= 1)
-        return b;
+    if (t <= 0) return a;
+    if (t >= 1) return b;
     return a * (1 - t) + b * t;
 }
 
@@ -73,8 +69,8 @@ VImage integerMask(int width, int height, const std::vector<double>& values, dou
     std::vector<double> rounded(values.size());
     std::transform(values.begin(), values.end(), rounded.begin(),
                    [](double v) { return std::round(v); });
-    VImage mask = VImage::new_matrix(width, height, rounded.data(),
-                                     static_cast<int>(rounded.size()));
+    VImage mask =
+        VImage::new_matrix(width, height, rounded.data(), static_cast<int>(rounded.size()));
     mask.set("scale", scale);
     mask.set("offset", offset);
     return mask;
@@ -105,8 +101,8 @@ VImage remap(const VImage& image, const VImage& sx, const VImage& sy, const char
     // edge copying is done by clamping the positions.
     VImage map = edgeCopy ? clamped(sx, image.width() - 1).bandjoin(clamped(sy, image.height() - 1))
                           : sx.bandjoin(sy);
-    return image.mapim(map, VImage::option()->set(
-                                "interpolate", vips::VInterpolate::new_from_name(interpolator)));
+    return image.mapim(
+        map, VImage::option()->set("interpolate", vips::VInterpolate::new_from_name(interpolator)));
 }
 
 } // namespace fx::detail

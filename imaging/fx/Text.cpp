@@ -32,8 +32,7 @@ LayoutPtr makeLayout(cairo_t* cr, const FontState& font, const std::string& text
     PangoAttrList* attrs = pango_attr_list_new();
     if (font.underline)
         pango_attr_list_insert(attrs, pango_attr_underline_new(PANGO_UNDERLINE_SINGLE));
-    if (font.strikethrough)
-        pango_attr_list_insert(attrs, pango_attr_strikethrough_new(TRUE));
+    if (font.strikethrough) pango_attr_list_insert(attrs, pango_attr_strikethrough_new(TRUE));
     pango_layout_set_attributes(layout.get(), attrs);
     pango_attr_list_unref(attrs);
     pango_layout_set_text(layout.get(), text.c_str(), int(text.size()));
@@ -63,14 +62,12 @@ VImage DrawText(const VImage& image, const DrawState& st, int x, int y, const st
     checkArgument("DrawText", "x", x);
     checkArgument("DrawText", "y", y);
     checkArgument("DrawText", "color", color);
-    if (text.empty())
-        return image;
+    if (text.empty()) return image;
     return guarded("DrawText", [&] {
         PangoRectangle e = textExtents(st.font, text);
         detail::Canvas canvas(image, x + e.x - 1, y + e.y - 1, x + e.x + e.width + 2,
                               y + e.y + e.height + 2);
-        if (canvas.empty())
-            return image;
+        if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
         // The canvas puts pixel centres on integers; text lays out on pixel edges.
         cairo_translate(cr, -0.5, -0.5);

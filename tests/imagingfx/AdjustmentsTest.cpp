@@ -8,7 +8,9 @@ using vips::VImage;
 
 namespace {
 // The photo squeezed into tones 64..191, for the contrast tests.
-VImage dull() { return (photo() * 0.5 + 64).cast(VIPS_FORMAT_UCHAR).copy_memory(); }
+VImage dull() {
+    return (photo() * 0.5 + 64).cast(VIPS_FORMAT_UCHAR).copy_memory();
+}
 
 // Number of distinct values in band 0.
 int distinctTones(const VImage& image) {
@@ -99,11 +101,11 @@ TEST(Adjustments, MosaicMakesUniformBlocks) {
 TEST(Adjustments, ButtonizeLightensTopLeftAndDarkensBottomRight) {
     VImage in = flat(60, 40, 100, 100, 100);
     VImage raised = fx::Buttonize(in, 5, 0, 50);
-    EXPECT_GT(pixel(raised, 30, 1)[0], 150);  // top edge lit
-    EXPECT_GT(pixel(raised, 1, 20)[0], 150);  // left edge lit
-    EXPECT_LT(pixel(raised, 30, 38)[0], 60);  // bottom edge shaded
-    EXPECT_LT(pixel(raised, 58, 20)[0], 60);  // right edge shaded
-    EXPECT_EQ(pixel(raised, 30, 20)[0], 100); // middle untouched
+    EXPECT_GT(pixel(raised, 30, 1)[0], 150);      // top edge lit
+    EXPECT_GT(pixel(raised, 1, 20)[0], 150);      // left edge lit
+    EXPECT_LT(pixel(raised, 30, 38)[0], 60);      // bottom edge shaded
+    EXPECT_LT(pixel(raised, 58, 20)[0], 60);      // right edge shaded
+    EXPECT_EQ(pixel(raised, 30, 20)[0], 100);     // middle untouched
     VImage widest = fx::Buttonize(in, 20, 0, 50); // the bevels meet in the middle
     EXPECT_GT(pixel(widest, 30, 19)[0], 150);
     EXPECT_LT(pixel(widest, 30, 20)[0], 60);
@@ -112,6 +114,7 @@ TEST(Adjustments, ButtonizeLightensTopLeftAndDarkensBottomRight) {
     EXPECT_GT(pixel(sunken, 30, 38)[0], 150);
     expectBadArgument([&] { fx::Buttonize(in, 21, 0, 50); }, "Buttonize",
                       "width must be at most half the shorter side");
-    expectBadArgument([&] { fx::Buttonize(in, 5, 2, 50); }, "Buttonize", "direction must be 0 to 1");
+    expectBadArgument([&] { fx::Buttonize(in, 5, 2, 50); }, "Buttonize",
+                      "direction must be 0 to 1");
     expectBadArgument([&] { fx::Buttonize(in, 5, 0, 101); }, "Buttonize", "intensity");
 }

@@ -26,8 +26,10 @@ public:
         if (v) m_value = v;
     }
     ~DisplayVariable() {
-        if (m_had) setenv("DISPLAY", m_value.c_str(), 1);
-        else unsetenv("DISPLAY");
+        if (m_had)
+            setenv("DISPLAY", m_value.c_str(), 1);
+        else
+            unsetenv("DISPLAY");
     }
 
 private:
@@ -46,8 +48,9 @@ public:
                 std::filesystem::exists("/tmp/.X" + std::to_string(n) + "-lock"))
                 continue;
             m_display = ":" + std::to_string(n);
-            const char* argv[] = {xvfb, m_display.c_str(), "-screen", "0", "320x200x24",
-                                  "-nolisten", "tcp", "-noreset", nullptr};
+            const char* argv[] = {xvfb,  m_display.c_str(), "-screen",
+                                  "0",   "320x200x24",      "-nolisten",
+                                  "tcp", "-noreset",        nullptr};
             if (posix_spawn(&m_pid, xvfb, nullptr, nullptr, const_cast<char**>(argv), environ) != 0)
                 return false;
             std::string socket = "/tmp/.X11-unix/X" + std::to_string(n);
@@ -81,8 +84,8 @@ TEST(CaptureWindow, WithoutADisplayTheErrorSaysSo) {
     } catch (const fx::FxError& e) {
         EXPECT_EQ(e.kind(), fx::FxErrorKind::Unavailable);
         EXPECT_EQ(e.member(), "CaptureWindow");
-        std::string expected = fx::captureSupported() ? "no X11 display is available"
-                                                      : "not available in this build";
+        std::string expected =
+            fx::captureSupported() ? "no X11 display is available" : "not available in this build";
         EXPECT_NE(std::string(e.what()).find(expected), std::string::npos) << e.what();
     }
     fxtest::expectBadArgument([] { fx::CaptureWindow(-1); }, "CaptureWindow",

@@ -7,12 +7,15 @@
 
 TEST(Catalogue, HoldsEveryEffectMemberOnce) {
     const char* expected[] = {
-        "AutoContrast", "Blur", "Soften", "Sharpen", "MBlur", "Median", "Dilate", "Erode",
-        "Diffuse", "Noise", "Emboss", "Equalize", "Outline", "Posterize", "Solarize", "Mosaic",
-        "Buttonize", "Blend", "Matrix", "ReplaceColors", "Parabolic", "Swirl", "Twist", "Pinch",
-        "Ripple", "Perspective", "PWarp", "DrawMode", "DrawFillColor", "DrawFillStyle",
-        "DrawStyle", "DrawWidth", "Font", "DrawLine", "DrawCircle", "DrawArc", "DrawPie",
-        "DrawRoundRect", "DrawCurve", "DrawPolygon", "DrawText", "Area", "Merge", "CaptureWindow"};
+        "AutoContrast", "Blur",      "Soften",        "Sharpen",       "MBlur",
+        "Median",       "Dilate",    "Erode",         "Diffuse",       "Noise",
+        "Emboss",       "Equalize",  "Outline",       "Posterize",     "Solarize",
+        "Mosaic",       "Buttonize", "Blend",         "Matrix",        "ReplaceColors",
+        "Parabolic",    "Swirl",     "Twist",         "Pinch",         "Ripple",
+        "Perspective",  "PWarp",     "DrawMode",      "DrawFillColor", "DrawFillStyle",
+        "DrawStyle",    "DrawWidth", "Font",          "DrawLine",      "DrawCircle",
+        "DrawArc",      "DrawPie",   "DrawRoundRect", "DrawCurve",     "DrawPolygon",
+        "DrawText",     "Area",      "Merge",         "CaptureWindow"};
     for (const char* name : expected)
         EXPECT_NE(fx::findEffect(name), nullptr) << name;
     std::set<std::string_view> names;
@@ -42,6 +45,15 @@ TEST(Catalogue, EntriesAreWellFormed) {
             optionalSeen = optionalSeen || !a.defaultValue.empty();
         }
     }
+}
+
+TEST(Catalogue, ReferenceEntryShowsCallRangesAndDefaults) {
+    std::string entry = fx::referenceEntry(*fx::findEffect("DrawCircle"));
+    EXPECT_EQ(entry.substr(0, entry.find('\n')), "DrawCircle x, y, radius, [color], [aspect]");
+    EXPECT_NE(entry.find("radius: integer, 0 to 32767 - horizontal radius in pixels"),
+              std::string::npos)
+        << entry;
+    EXPECT_NE(entry.find("aspect: number, 0.01 to 100, default 1 - "), std::string::npos) << entry;
 }
 
 TEST(Catalogue, RangeMessagesNameMemberArgumentRangeAndValue) {

@@ -93,8 +93,9 @@ TEST(ControlOperations, DrawingUsesTheControlsDrawState) {
     invoke(c, "DrawCircle", ints({50, 40, 20, 255}));
     EXPECT_EQ(pixel(c.image(), 50, 40), (std::vector<double>{0, 0, 255}));
     EXPECT_EQ(pixel(c.image(), 70, 40), (std::vector<double>{255, 0, 0}));
-    invoke(c, "DrawPolygon", {10, 70, 30, 70, 20, 60, Missing{}, Missing{}, Missing{}, Missing{},
-                             Missing{}, Missing{}, int32_t(0xFFFFFF)});
+    invoke(c, "DrawPolygon",
+           {10, 70, 30, 70, 20, 60, Missing{}, Missing{}, Missing{}, Missing{}, Missing{},
+            Missing{}, int32_t(0xFFFFFF)});
     EXPECT_EQ(pixel(c.image(), 20, 68), (std::vector<double>{0, 0, 255}));
     invoke(c, "DrawText", {5, 5, std::string("Hi"), int32_t(0)});
     EXPECT_LT(c.image().crop(5, 5, 20, 20).min(), 60);

@@ -18,7 +18,9 @@ TEST(Distortions, SwirlTurnsTheMiddleAndLeavesCornersAndCentre) {
     ASSERT_TRUE(sameSize(out, in));
     EXPECT_LE(maxDiff(out.crop(0, 0, 30, 30), in.crop(0, 0, 30, 30)), 1);
     EXPECT_LE(maxDiff(out.crop(210, 130, 30, 30), in.crop(210, 130, 30, 30)), 1);
-    EXPECT_GT((out.crop(90, 50, 60, 60).cast(VIPS_FORMAT_FLOAT) - in.crop(90, 50, 60, 60)).abs().avg(), 5);
+    EXPECT_GT(
+        (out.crop(90, 50, 60, 60).cast(VIPS_FORMAT_FLOAT) - in.crop(90, 50, 60, 60)).abs().avg(),
+        5);
     EXPECT_LE(maxDiff(fx::Swirl(in, 0), in), 1);
     expectBadArgument([&] { fx::Swirl(in, 3601); }, "Swirl", "angle must be -3600 to 3600");
 }
@@ -51,7 +53,8 @@ TEST(Distortions, RippleDisplacesAcrossItsDirection) {
     EXPECT_LE(maxDiff(fx::Ripple(ramp, 10, 40, 0), ramp), 1);
     EXPECT_GT(maxDiff(fx::Ripple(ramp, 10, 40, 1), ramp), 8);
     EXPECT_GT(maxDiff(fx::Ripple(ramp, 10, 40, 2), ramp), 8);
-    expectBadArgument([&] { fx::Ripple(ramp, 10, 1, 0); }, "Ripple", "wavelength must be 2 to 1000");
+    expectBadArgument([&] { fx::Ripple(ramp, 10, 1, 0); }, "Ripple",
+                      "wavelength must be 2 to 1000");
     expectBadArgument([&] { fx::Ripple(ramp, 10, 40, 3); }, "Ripple", "direction must be 0 to 2");
     expectBadArgument([&] { fx::Ripple(ramp, 101, 40, 0); }, "Ripple", "amplitude");
 }
@@ -60,7 +63,7 @@ TEST(Distortions, PerspectiveNarrowsTheChosenEdge) {
     const VImage& in = photo();
     VImage top = fx::Perspective(in, 0, 40);
     ASSERT_TRUE(sameSize(top, in));
-    EXPECT_EQ(pixel(top, 2, 1), (std::vector<double>{0, 0, 0}));   // top corners uncovered
+    EXPECT_EQ(pixel(top, 2, 1), (std::vector<double>{0, 0, 0})); // top corners uncovered
     EXPECT_EQ(pixel(top, 237, 1), (std::vector<double>{0, 0, 0}));
     EXPECT_LE(maxDiff(top.crop(0, 159, 240, 1), in.crop(0, 159, 240, 1)), 2); // bottom edge stays
     VImage right = fx::Perspective(in, 3, 40);
@@ -81,10 +84,19 @@ TEST(Distortions, PWarpMovesTheCorners) {
     EXPECT_LE(maxDiff(shifted.crop(10, 0, 230, 160), in.crop(0, 0, 230, 160)), 1);
     EXPECT_EQ(shifted.crop(0, 0, 9, 160).max(), 0);
     // A crossed quadrilateral (top corners swapped) is refused.
-    expectBadArgument([&] { fx::PWarp(in, {P{239, 0}, P{0, 0}, P{239, 159}, P{0, 159}}); }, "PWarp",
-                      "convex quadrilateral");
-    expectBadArgument([&] { fx::PWarp(in, {P{0, 0}, P{0, 0}, P{0, 0}, P{0, 0}}); }, "PWarp",
-                      "convex quadrilateral");
-    expectBadArgument([&] { fx::PWarp(in, {P{0, 0}, P{40000, 0}, P{239, 159}, P{0, 159}}); },
-                      "PWarp", "x2 must be -32768 to 32767");
+    expectBadArgument(
+        [&] {
+            fx::PWarp(in, {P{239, 0}, P{0, 0}, P{239, 159}, P{0, 159}});
+        },
+        "PWarp", "convex quadrilateral");
+    expectBadArgument(
+        [&] {
+            fx::PWarp(in, {P{0, 0}, P{0, 0}, P{0, 0}, P{0, 0}});
+        },
+        "PWarp", "convex quadrilateral");
+    expectBadArgument(
+        [&] {
+            fx::PWarp(in, {P{0, 0}, P{40000, 0}, P{239, 159}, P{0, 159}});
+        },
+        "PWarp", "x2 must be -32768 to 32767");
 }

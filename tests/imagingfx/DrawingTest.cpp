@@ -14,7 +14,9 @@ const std::vector<double> kGrey{128, 128, 128};
 const std::vector<double> kRedPixel{255, 0, 0};
 const std::vector<double> kBluePixel{0, 0, 255};
 
-VImage canvas() { return flat(100, 80, 128, 128, 128); }
+VImage canvas() {
+    return flat(100, 80, 128, 128, 128);
+}
 
 fx::DrawState solidFill(fx::Colour fill) {
     fx::DrawState st;
@@ -63,18 +65,18 @@ TEST(Drawing, ArcAndPieRunCounterClockwiseFromThreeOClock) {
     st.width = 3;
     // The ellipse is the circle of radius 30 round (50, 40); 0 to 90 is the upper right quarter.
     VImage arc = fx::DrawArc(canvas(), st, 20, 10, 80, 70, 0, 90, kRed);
-    EXPECT_EQ(pixel(arc, 71, 19), kRedPixel);   // 45 degrees, above the centre
-    EXPECT_EQ(pixel(arc, 29, 61), kGrey);       // 225 degrees: not on this arc
+    EXPECT_EQ(pixel(arc, 71, 19), kRedPixel); // 45 degrees, above the centre
+    EXPECT_EQ(pixel(arc, 29, 61), kGrey);     // 225 degrees: not on this arc
     EXPECT_EQ(pixel(arc, 50, 40), kGrey);
     VImage pie = fx::DrawPie(canvas(), solidFill(kBlue), 20, 10, 80, 70, 0, 90, kRed);
-    EXPECT_EQ(pixel(pie, 60, 30), kBluePixel);  // inside the slice
-    EXPECT_EQ(pixel(pie, 40, 50), kGrey);       // opposite quarter
+    EXPECT_EQ(pixel(pie, 60, 30), kBluePixel); // inside the slice
+    EXPECT_EQ(pixel(pie, 40, 50), kGrey);      // opposite quarter
 }
 
 TEST(Drawing, RoundRectCutsItsCorners) {
     VImage out = fx::DrawRoundRect(canvas(), solidFill(kBlue), 10, 10, 90, 70, 30, 30, kRed);
-    EXPECT_EQ(pixel(out, 10, 10), kGrey);     // corner rounded away
-    EXPECT_EQ(pixel(out, 13, 13), kGrey);     // outside the corner's quarter circle
+    EXPECT_EQ(pixel(out, 10, 10), kGrey);      // corner rounded away
+    EXPECT_EQ(pixel(out, 13, 13), kGrey);      // outside the corner's quarter circle
     EXPECT_EQ(pixel(out, 17, 17), kBluePixel); // inside it: the corner bulges outwards
     EXPECT_EQ(pixel(out, 83, 63), kBluePixel);
     EXPECT_EQ(pixel(out, 50, 10), kRedPixel); // straight part of the top edge
@@ -97,11 +99,14 @@ TEST(Drawing, PolygonTakesTwoToSixPoints) {
     EXPECT_EQ(pixel(tri, 50, 50), kBluePixel);
     EXPECT_EQ(pixel(tri, 10, 10), kGrey);
     EXPECT_EQ(pixel(tri, 50, 70), kRedPixel);
-    expectBadArgument([] { fx::DrawPolygon(canvas(), fx::DrawState{}, {{1, 1}}, 0); },
-                      "DrawPolygon", "2 to 6 points (got 1)");
+    expectBadArgument(
+        [] {
+            fx::DrawPolygon(canvas(), fx::DrawState{}, {{1, 1}}, 0);
+        },
+        "DrawPolygon", "2 to 6 points (got 1)");
     std::vector<fx::Point> seven(7, fx::Point{5, 5});
-    expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, seven, 0); },
-                      "DrawPolygon", "(got 7)");
+    expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, seven, 0); }, "DrawPolygon",
+                      "(got 7)");
 }
 
 TEST(Drawing, DrawModesCombinePenAndPixel) {
@@ -193,5 +198,6 @@ TEST(Drawing, TextInkStaysInItsBoxAndFollowsTheFont) {
     EXPECT_GT(ink(fx::DrawText(white, st, 10, 10, "Hello", kRed)), ink(text));
     EXPECT_EQ(maxDiff(fx::DrawText(white, st, 10, 10, "", kRed), white), 0);
     st.font.size = 0;
-    expectBadArgument([&] { fx::DrawText(white, st, 1, 1, "x"); }, "Font", "size must be 1 to 1000");
+    expectBadArgument([&] { fx::DrawText(white, st, 1, 1, "x"); }, "Font",
+                      "size must be 1 to 1000");
 }

@@ -36,8 +36,10 @@ TEST(Filters, MotionBlurSmearsAlongItsAngleOnly) {
     VImage horizontal = fx::MBlur(in, 0, 15, 100);
     EXPECT_LT(detailX(horizontal), detailX(in) * 0.5);
     // Vertical stripes: a vertical smear leaves them, a horizontal one greys them out.
-    VImage stripes = ((VImage::xyz(64, 48).extract_band(0) % 8) < 4).ifthenelse(255, 0)
-                         .cast(VIPS_FORMAT_UCHAR).copy_memory();
+    VImage stripes = ((VImage::xyz(64, 48).extract_band(0) % 8) < 4)
+                         .ifthenelse(255, 0)
+                         .cast(VIPS_FORMAT_UCHAR)
+                         .copy_memory();
     EXPECT_EQ(maxDiff(fx::MBlur(stripes, 90, 15, 100), stripes), 0);
     EXPECT_EQ(maxDiff(fx::MBlur(stripes, -90, 15, 100), stripes), 0);
     EXPECT_GT(maxDiff(fx::MBlur(stripes, 0, 15, 100), stripes), 100);

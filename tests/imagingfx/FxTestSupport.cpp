@@ -12,8 +12,7 @@ namespace {
 void startVips() {
     static std::once_flag once;
     std::call_once(once, [] {
-        if (VIPS_INIT("imagingfx_tests"))
-            throw std::runtime_error("libvips failed to start");
+        if (VIPS_INIT("imagingfx_tests")) throw std::runtime_error("libvips failed to start");
     });
 }
 } // namespace
@@ -59,7 +58,9 @@ double detailY(const VImage& image) {
     return (f.crop(0, 1, w, h - 1) - f.crop(0, 0, w, h - 1)).abs().avg();
 }
 
-std::vector<double> pixel(const VImage& image, int x, int y) { return image.getpoint(x, y); }
+std::vector<double> pixel(const VImage& image, int x, int y) {
+    return image.getpoint(x, y);
+}
 
 void expectBadArgument(const std::function<void()>& call, const std::string& member,
                        const std::string& fragment) {

@@ -40,7 +40,9 @@ std::vector<Case> cases() {
         {"Buttonize", false, [](const VImage& i) { return fx::Buttonize(i, 6, 0, 50); }},
         {"Blend", false, [](const VImage& i) { return fx::Blend(i, 70); }},
         {"Matrix", false,
-         [](const VImage& i) { return fx::Matrix(i, {1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0); }},
+         [](const VImage& i) {
+             return fx::Matrix(i, {1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0);
+         }},
         {"ReplaceColors", false,
          [](const VImage& i) { return fx::ReplaceColors(i, 0, 0x808080, 0xFF); }},
         {"Parabolic", false, [](const VImage& i) { return fx::Parabolic(i, 70); }},
@@ -51,8 +53,8 @@ std::vector<Case> cases() {
         {"Perspective", true, [](const VImage& i) { return fx::Perspective(i, 2, 30); }},
         {"PWarp", true,
          [](const VImage& i) {
-             return fx::PWarp(i, {fx::Point{5, 5}, fx::Point{200, 0}, fx::Point{230, 150},
-                                  fx::Point{0, 140}});
+             return fx::PWarp(
+                 i, {fx::Point{5, 5}, fx::Point{200, 0}, fx::Point{230, 150}, fx::Point{0, 140}});
          }},
         {"DrawPie", false,
          [st](const VImage& i) { return fx::DrawPie(i, st, 10, 10, 100, 100, 0, 120, 0xFF); }},
@@ -82,8 +84,8 @@ TEST(ImageKinds, GreyImagesStayGrey) {
 }
 
 TEST(ImageKinds, AlphaIsKeptByFiltersAndMovedByDistortions) {
-    VImage alpha = (VImage::xyz(240, 160).extract_band(0) > 120).ifthenelse(255, 128)
-                       .cast(VIPS_FORMAT_UCHAR);
+    VImage alpha =
+        (VImage::xyz(240, 160).extract_band(0) > 120).ifthenelse(255, 128).cast(VIPS_FORMAT_UCHAR);
     VImage rgba = photo().bandjoin(alpha).copy_memory();
     for (const Case& c : cases()) {
         VImage out = c.run(rgba);
