@@ -53,6 +53,7 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
 }
 
 void ImagingControl::invoke(std::string_view operation, std::span<const Arg> args) {
+    if (m_observer) m_observer(operation, args);
     const OperationDef* def = findOperation(operation);
     if (!def) {
         m_lastError = static_cast<int32_t>(ErrorCode::ActionNotSupported);
@@ -107,6 +108,9 @@ void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {
 
 void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
     const VImage& in = image();
+    if (int64_t(width) * height > kMaxPixels)
+        fail(ErrorCode::ImageTooLarge, std::to_string(width) + " x " + std::to_string(height) +
+                                           " pixels; the limit is 250 megapixels");
     VImage base = in;
     bool shrunk = false;
     if (smooth && width <= in.width() && height <= in.height()) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <span>
 #include <string>
@@ -42,6 +43,11 @@ public:
     // ActionNotSupported naming the operation. Arguments are checked against the operation's
     // declaration (count, type, range) and defaults are filled in.
     void invoke(std::string_view operation, std::span<const Arg> args = {});
+
+    // Sees every operation call by name with its arguments as given, before they are checked
+    // (tracing, and tests of the argument order callers use).
+    using InvokeObserver = std::function<void(std::string_view, std::span<const Arg>)>;
+    void setInvokeObserver(InvokeObserver observer) { m_observer = std::move(observer); }
 
     // Properties by name (case-insensitive), as declared in the property table.
     Arg property(std::string_view name);
@@ -116,6 +122,7 @@ private:
     DrawState m_draw;
     AreaState m_area;
     std::map<std::string, Arg, std::less<>> m_stored; // keyed by declared name
+    InvokeObserver m_observer;
 };
 
 // Starts libvips once per process (thread-safe); the control calls it itself.

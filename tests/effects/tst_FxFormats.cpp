@@ -242,3 +242,17 @@ TEST(FxFormats, MetadataAndOrientationKept) {
         EXPECT_EQ(orientation, 1) << name;
     }
 }
+
+TEST(FxFormats, MultiPageGifAndDcx) {
+    TempDir dir;
+    FxDriver d;
+    loadSmallPhoto(d);
+    d.let(u"SaveMultiPage", vbs::Value(true));
+    for (const char* name : {"pages.gif", "pages.dcx"}) {
+        std::string path = dir.str(name);
+        d.saveAs(path);
+        int err = d.errorOf([&] { d.saveAs(path); });
+        ASSERT_EQ(err, 0) << name << ": " << d.lastDescription;
+        EXPECT_EQ(d.get(u"NumPages", {S(path.c_str())}).toLong(), 2) << name;
+    }
+}

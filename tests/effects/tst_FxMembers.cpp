@@ -171,3 +171,48 @@ TEST(FxMembers, PictureAndStoredProperties) {
     EXPECT_TRUE(font.underline);
     EXPECT_FALSE(font.strikethrough);
 }
+
+namespace {
+
+// Records the control operations a member calls, with their arguments as integers.
+struct CallLog {
+    std::vector<std::pair<std::string, std::vector<int>>> calls;
+    void attach(imaging::ImagingControl& c) {
+        c.setInvokeObserver([this](std::string_view name, std::span<const imaging::Arg> args) {
+            std::vector<int> values;
+            for (const auto& a : args) values.push_back(std::holds_alternative<int32_t>(a) ? std::get<int32_t>(a) : -9999);
+            calls.emplace_back(std::string(name), values);
+        });
+    }
+};
+
+} // namespace
+
+TEST(FxMembers, MembersWithLogicCallTheControlInTheRequiredOrder) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("a.jpg"), 400, 300);
+    FxDriver d;
+    d.load(dir.str("a.jpg"));
+    CallLog log;
+    log.attach(*d.control);
+    d.errorOf([&] { d.call(u"Matrix", {I(1), I(2), I(11), I(12), I(13), I(14), I(15), I(16), I(17), I(18), I(19)}); });
+    ASSERT_GE(log.calls.size(), 1u);
+    EXPECT_EQ(log.calls[0].first, "Matrix");
+    EXPECT_EQ(log.calls[0].second, (std::vector<int>{11, 12, 13, 14, 15, 16, 17, 18, 19, 2, 1}));
+
+    log.calls.clear();
+    d.call(u"Colorize", {L(0x00FF8040)}); // red 0x40, green 0x80, blue 0xFF
+    ASSERT_EQ(log.calls.size(), 2u);
+    EXPECT_EQ(log.calls[0], (std::pair<std::string, std::vector<int>>{"AdjustHSL", {0, -100, 0}}));
+    EXPECT_EQ(log.calls[1], (std::pair<std::string, std::vector<int>>{"AdjustRGB", {1, 0x40, 0x80, 0xFF}}));
+
+    log.calls.clear();
+    d.call(u"ResizeAspect", {L(500), L(200), vbs::Value(false)});
+    ASSERT_EQ(log.calls.size(), 1u);
+    EXPECT_EQ(log.calls[0], (std::pair<std::string, std::vector<int>>{"PICResize", {267, 200}}));
+
+    log.calls.clear();
+    d.call(u"ColorSeparation", {I(12)});
+    ASSERT_EQ(log.calls.size(), 1u);
+    EXPECT_EQ(log.calls[0], (std::pair<std::string, std::vector<int>>{"ColorSeparation", {3}}));
+}
