@@ -118,7 +118,8 @@ struct AssignStmt : Stmt {
         : Stmt(StmtKind::Assign, line, col), target(std::move(t)), value(std::move(v)), isSet(set) {}
     ExprPtr target, value;
     bool isSet;
-    bool appendsToTarget = false; // "s = s & x": appended in place
+    bool appendsToTarget = false; // "s = s & x & y": appended in place
+    std::vector<const Expr*> appendPieces; // x, y
 };
 
 struct IfStmt : Stmt {

@@ -207,6 +207,11 @@ void Engine::addCode(std::u16string_view code)
     runTopLevel(program, false);
 }
 
+void Engine::checkSyntax(std::u16string_view code)
+{
+    compile(code, false, nullptr);
+}
+
 Value Engine::run(std::u16string_view procName, std::vector<Value>& args)
 {
     Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);

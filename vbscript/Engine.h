@@ -54,6 +54,7 @@ public:
 
     // Entry points used by ScriptControl; they throw located ScriptErrors.
     void addCode(std::u16string_view code);
+    void checkSyntax(std::u16string_view code);
     Value run(std::u16string_view procName, std::vector<Value>& args);
     Value evalText(std::u16string_view expression);
     // Execute / ExecuteGlobal / Eval as scripts call them (in the caller's scope where possible).

@@ -7,26 +7,47 @@ namespace vbs {
 
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
 
-// Argument pointers for one call; small calls keep everything on the native stack.
+// Argument pointers for one call. Temporaries of small calls live in raw storage on the
+// native stack and are constructed only for the arguments that need one.
 struct Engine::ArgList {
     static constexpr size_t kInline = 6;
-    Value inlineTemps[kInline];
+    alignas(Value) unsigned char raw[kInline * sizeof(Value)];
     Value* inlinePtrs[kInline];
+    uint32_t built = 0; // which inline temporaries exist
     std::unique_ptr<Value[]> heapTemps;
     std::unique_ptr<Value*[]> heapPtrs;
-    Value* temps = inlineTemps;
     Value** ptrs = inlinePtrs;
     size_t count = 0;
 
+    ArgList() = default;
+    ArgList(const ArgList&) = delete;
+    ArgList& operator=(const ArgList&) = delete;
+    ~ArgList()
+    {
+        for (size_t i = 0; built; ++i, built >>= 1)
+            if (built & 1)
+                reinterpret_cast<Value*>(raw)[i].~Value();
+    }
     void reserve(size_t n)
     {
         if (n > kInline) {
             heapTemps.reset(new Value[n]);
             heapPtrs.reset(new Value*[n]);
-            temps = heapTemps.get();
             ptrs = heapPtrs.get();
         }
         count = n;
+    }
+    void setTemp(size_t i, Value v)
+    {
+        if (heapTemps) {
+            heapTemps[i] = std::move(v);
+            ptrs[i] = &heapTemps[i];
+        } else {
+            Value* slot = reinterpret_cast<Value*>(raw) + i;
+            new (slot) Value(std::move(v));
+            built |= 1u << i;
+            ptrs[i] = slot;
+        }
     }
     std::span<Value*> span() { return {ptrs, count}; }
 };
@@ -39,8 +60,7 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgLis
     for (size_t i = 0; i < args.size(); ++i) {
         const Expr* a = args[i].get();
         if (!a) {
-            out.temps[i] = Value::missing();
-            out.ptrs[i] = &out.temps[i];
+            out.setTemp(i, Value::missing());
             continue;
         }
         if (!a->parenthesized) {
@@ -49,8 +69,7 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgLis
                 continue;
             }
         }
-        out.temps[i] = eval(a);
-        out.ptrs[i] = &out.temps[i];
+        out.setTemp(i, eval(a));
     }
 }
 

@@ -113,18 +113,23 @@ Flow Engine::exec(const Stmt* s)
 
 void Engine::execAssign(const AssignStmt* s)
 {
-    if (s->appendsToTarget) {
-        // "s = s & x" appends in place when the variable holds the only reference.
-        Value rhs = eval(static_cast<const BinaryExpr*>(s->value.get())->right.get());
+    if (s->appendsToTarget && s->appendPieces.size() <= 4) {
+        // "s = s & x & y" appends in place when the variable holds the only reference. The
+        // pieces are evaluated first, since they may read the variable too.
+        Value pieces[4];
+        const size_t n = s->appendPieces.size();
+        for (size_t i = 0; i < n; ++i)
+            pieces[i] = eval(s->appendPieces[i]);
         Value* p = variableRef(s->target.get(), RefMode::Write);
-        if (p->isString()) {
-            if (rhs.isString())
+        for (size_t i = 0; i < n; ++i) {
+            const Value& rhs = pieces[i];
+            if (!p->isString())
+                *p = ops::concat(*p, rhs);
+            else if (rhs.isString())
                 ValueAccess::appendString(*p, rhs.str());
             else if (!rhs.isNull())
                 ValueAccess::appendString(*p, rhs.toString());
-            return;
         }
-        *p = ops::concat(*p, rhs);
         return;
     }
     assignTo(s->target.get(), eval(s->value.get()), s->isSet);

@@ -6,11 +6,6 @@
 
 namespace vbs {
 
-// Parses a whole piece of code. Throws a located ScriptError with a compile error number.
-std::unique_ptr<Program> parseProgram(std::u16string_view source, int chunk);
-// Parses a single expression (Eval).
-std::unique_ptr<Program> parseExpression(std::u16string_view source, int chunk);
-
 // Nesting limit of parentheses, blocks and unary operators, so that hostile input cannot
 // exhaust the native stack of the parser, the interpreter or the tree's destructor.
 constexpr int kMaxParseDepth = 400;

@@ -334,15 +334,24 @@ private:
         }
     }
 
+    // "s = s & a & b" (left-associated concatenations starting with the target itself).
     static void markAppend(AssignStmt* a)
     {
         if (a->isSet || a->value->kind != ExprKind::Concat)
             return;
         const Expr* t = a->target.get();
-        const Expr* l = static_cast<BinaryExpr*>(a->value.get())->left.get();
-        if (t->kind != l->kind || (t->kind != ExprKind::Local && t->kind != ExprKind::Global))
+        if (t->kind != ExprKind::Local && t->kind != ExprKind::Global)
             return;
-        a->appendsToTarget = static_cast<const NameExpr*>(t)->slot == static_cast<const NameExpr*>(l)->slot;
+        std::vector<const Expr*> pieces;
+        const Expr* e = a->value.get();
+        while (e->kind == ExprKind::Concat && !e->parenthesized) {
+            pieces.push_back(static_cast<const BinaryExpr*>(e)->right.get());
+            e = static_cast<const BinaryExpr*>(e)->left.get();
+        }
+        if (e->kind != t->kind || static_cast<const NameExpr*>(t)->slot != static_cast<const NameExpr*>(e)->slot)
+            return;
+        a->appendPieces.assign(pieces.rbegin(), pieces.rend());
+        a->appendsToTarget = true;
     }
 
     Program& m_prog;

@@ -89,6 +89,11 @@ bool ScriptControl::run(std::u16string_view procName, std::vector<Value> args, V
     });
 }
 
+bool ScriptControl::checkSyntax(std::u16string_view code)
+{
+    return guarded([&] { m_engine->checkSyntax(code); });
+}
+
 bool ScriptControl::eval(std::u16string_view expression, Value* result)
 {
     return guarded([&] {

@@ -40,6 +40,9 @@ public:
     // Calls a Sub or Function by name; args are passed by value. result receives a Function's
     // value. False on error.
     bool run(std::u16string_view procName, std::vector<Value> args, Value* result = nullptr);
+    // Compiles the code without running it (declarations do enter the global scope).
+    // False with error() set on a compile error.
+    bool checkSyntax(std::u16string_view code);
     // Evaluates one expression in the global scope.
     bool eval(std::u16string_view expression, Value* result);
 

@@ -1,2 +1,0 @@
-WScript.Echo CLng(Null)
-' expect runtime error 94 line 1
