@@ -9,6 +9,7 @@
 #include "imaging/Property.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/ops/ImageHelpers.h"
 
 namespace imaging {
 
@@ -82,9 +83,16 @@ void ImagingControl::applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage) 
     int w = std::clamp(m_area.width, 0, in.width() - x), h = std::clamp(m_area.height, 0, in.height() - y);
     if (w == 0 || h == 0) return;
     VImage part = fn(in.crop(x, y, w, h), args, ctx);
-    if (part.bands() != in.bands() || part.format() != in.format())
-        part = part.cast(in.format()).extract_band(0, VImage::option()->set("n", std::min(part.bands(), in.bands())));
-    setImage(in.insert(part, x, y));
+    VImage base = in;
+    if (part.bands() != base.bands() || part.format() != base.format()) {
+        // The effect changed the pixel layout (grey to colour, alpha added): lift both to 8-bit
+        // sRGB with alpha so the area can go back in.
+        base = toSrgb8WithAlpha(base);
+        part = toSrgb8WithAlpha(part);
+        if (!base.has_alpha() && part.has_alpha()) base = base.bandjoin(255);
+        if (base.has_alpha() && !part.has_alpha()) part = part.bandjoin(255);
+    }
+    setImage(base.insert(part, x, y));
 }
 
 const VImage& ImagingControl::image() const {

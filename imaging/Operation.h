@@ -18,7 +18,9 @@ namespace imaging {
 class ImagingControl;
 
 // An argument as the caller hands it over: an omitted optional argument is Missing.
-struct Missing {};
+struct Missing {
+    bool operator==(const Missing&) const = default;
+};
 using Arg = std::variant<Missing, int32_t, double, bool, std::string>;
 
 enum class ParamType { Int, Long, Single, Double, Bool, String, Color };

@@ -47,6 +47,7 @@ int main(int argc, char** argv) {
     if (limitArenas) mallopt(M_ARENA_MAX, 1);
     std::filesystem::path out = argv[first];
     imaging::ImagingControl control;
+    control.setProperty("UndoEnabled", true); // as the fx object's Init sets it
     control.setProperty("SaveJPGLumFactor", int32_t(15)); // quality 85
     control.setProperty("SaveJPGChromFactor", int32_t(15));
     auto start = std::chrono::steady_clock::now();

@@ -92,8 +92,11 @@ TEST(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
     writeFile(dir.str("old.pic"), "PIC-not-really");
     EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.pic")); }), 20007);
     EXPECT_NE(d.lastDescription.find("Pegasus PIC"), std::string::npos);
+    writeFile(dir.str("old.ljp"), "not a lossless JPEG either");
+    EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.ljp")); }), 20007);
+    EXPECT_NE(d.lastDescription.find("lossless JPEG"), std::string::npos);
     EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("x.unknownext")); }), 20002);
-    EXPECT_TRUE(dir.entries().empty() || dir.entries() == std::vector<std::string>{"old.pic"});
+    EXPECT_EQ(dir.entries().size(), 2u); // the two old files; nothing written
 }
 
 TEST(FxFormats, JpegOptionsShowInTheFile) {
@@ -255,4 +258,21 @@ TEST(FxFormats, MultiPageGifAndDcx) {
         ASSERT_EQ(err, 0) << name << ": " << d.lastDescription;
         EXPECT_EQ(d.get(u"NumPages", {S(path.c_str())}).toLong(), 2) << name;
     }
+}
+
+TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
+    TempDir dir;
+    vips::VImage deep = (gradient(64, 48).cast(VIPS_FORMAT_USHORT) * 257)
+                            .cast(VIPS_FORMAT_USHORT)
+                            .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
+    deep.pngsave(dir.str("deep.png").c_str());
+    FxDriver d;
+    d.load(dir.str("deep.png"));
+    EXPECT_EQ(d.get(u"IBPP").toLong(), 48);
+    d.saveAs(dir.str("flat.jpg"));
+    vips::VImage flat = vips::VImage::new_from_file(dir.str("flat.jpg").c_str());
+    EXPECT_NEAR(flat.avg(), gradient(64, 48).avg(), 3);
+    d.call(u"Negate");
+    d.saveAs(dir.str("neg.png"));
+    EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(), 255 - gradient(64, 48).avg(), 3);
 }

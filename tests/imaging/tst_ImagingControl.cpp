@@ -148,3 +148,23 @@ TEST(ImagingControl, NoImageIsAClearError) {
     }
     EXPECT_THROW(c.saveFile(), ImagingError);
 }
+
+TEST(ImagingControl, AreaAwareOperationsTouchOnlyTheProcessingArea) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("a.jpg"), 64, 48);
+    ImagingControl c;
+    c.setFileName(dir.str("a.jpg"));
+    VImage original = c.image().copy_memory();
+    c.area() = AreaState{true, 10, 8, 20, 16};
+    run(c, "Negate");
+    EXPECT_EQ(maxDifference(c.image().crop(10, 8, 20, 16), original.crop(10, 8, 20, 16).invert()), 0);
+    EXPECT_EQ(maxDifference(c.image().crop(0, 0, 64, 8), original.crop(0, 0, 64, 8)), 0);
+    EXPECT_EQ(maxDifference(c.image().crop(40, 0, 24, 48), original.crop(40, 0, 24, 48)), 0);
+    // A grey plane inside a colour image: the area goes back as colour.
+    run(c, "AdjustHSL", {int32_t(0), int32_t(-100), int32_t(0)});
+    EXPECT_EQ(c.image().bands(), 3);
+    // Geometry ignores the area.
+    run(c, "Rotate", {90.0});
+    EXPECT_EQ(c.image().width(), 48);
+    EXPECT_EQ(c.property("IPAreaWidth"), Arg(int32_t(20)));
+}
