@@ -3,6 +3,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <memory>
 #include <stdexcept>
 
 #include "imaging/fx/FxTypes.h"
@@ -12,7 +14,8 @@ using vips::VImage;
 
 namespace fx::detail {
 
-Canvas::Canvas(const VImage& image, double left, double top, double right, double bottom) {
+Canvas::Canvas(const VImage& image, int drawMode, double left, double top, double right,
+               double bottom) {
     m_left = std::max(0, int(std::floor(left)));
     m_top = std::max(0, int(std::floor(top)));
     int r = std::min(image.width(), int(std::ceil(right)));
@@ -21,6 +24,24 @@ Canvas::Canvas(const VImage& image, double left, double top, double right, doubl
     m_height = b - m_top;
     if (empty()) return;
     m_surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, m_width, m_height);
+    m_direct = drawMode == int(DrawModeCode::CopyPen) && image.format() == VIPS_FORMAT_UCHAR &&
+               image.bands() == 3 && cairo_surface_status(m_surface) == CAIRO_STATUS_SUCCESS;
+    if (m_direct) {
+        // Cairo's ARGB32 is a native-endian word: bytes B, G, R, A on little-endian machines.
+        VImage rgb = image.crop(m_left, m_top, m_width, m_height);
+        VImage bgra =
+            VImage::bandjoin({rgb.extract_band(2), rgb.extract_band(1), rgb.extract_band(0),
+                              (rgb.extract_band(0) * 0 + 255).cast(VIPS_FORMAT_UCHAR)});
+        size_t size = 0;
+        std::unique_ptr<void, void (*)(void*)> bytes(bgra.write_to_memory(&size), g_free);
+        unsigned char* data = cairo_image_surface_get_data(m_surface);
+        int stride = cairo_image_surface_get_stride(m_surface);
+        for (int y = 0; y < m_height; ++y)
+            std::memcpy(data + size_t(y) * stride,
+                        static_cast<unsigned char*>(bytes.get()) + size_t(y) * m_width * 4,
+                        size_t(m_width) * 4);
+        cairo_surface_mark_dirty(m_surface);
+    }
     m_cr = cairo_create(m_surface);
     if (cairo_status(m_cr) != CAIRO_STATUS_SUCCESS)
         throw vips::VError(std::string("cairo: ") + cairo_status_to_string(cairo_status(m_cr)));
@@ -80,17 +101,27 @@ VImage rasterOp(int mode, const VImage& d, const VImage& p, double white) {
 
 } // namespace
 
-VImage Canvas::compositeOnto(const VImage& image, int drawMode) const {
-    if (empty()) return image;
+// The surface's pixels as a libvips image (B, G, R, A bands), copied out of cairo's memory.
+VImage Canvas::surfacePixels() const {
     cairo_surface_flush(m_surface);
     int stride = cairo_image_surface_get_stride(m_surface);
     const unsigned char* data = cairo_image_surface_get_data(m_surface);
-    // Cairo's ARGB32 is a native-endian word: bytes B, G, R, A on little-endian machines.
-    VImage bgra =
-        VImage::new_from_memory(const_cast<unsigned char*>(data), size_t(stride) * m_height,
-                                stride / 4, m_height, 4, VIPS_FORMAT_UCHAR)
-            .crop(0, 0, m_width, m_height)
-            .copy_memory();
+    return VImage::new_from_memory(const_cast<unsigned char*>(data), size_t(stride) * m_height,
+                                   stride / 4, m_height, 4, VIPS_FORMAT_UCHAR)
+        .crop(0, 0, m_width, m_height)
+        .copy_memory();
+}
+
+VImage Canvas::compositeOnto(const VImage& image, int drawMode) const {
+    if (empty()) return image;
+    VImage bgra = surfacePixels();
+    if (m_direct) {
+        VImage rgb =
+            VImage::bandjoin({bgra.extract_band(2), bgra.extract_band(1), bgra.extract_band(0)});
+        return image.insert(
+            rgb.copy(VImage::option()->set("interpretation", image.interpretation())), m_left,
+            m_top);
+    }
     VImage alpha = bgra.extract_band(3).cast(VIPS_FORMAT_FLOAT) / 255;
     VImage premultiplied =
         VImage::bandjoin({bgra.extract_band(2), bgra.extract_band(1), bgra.extract_band(0)});

@@ -123,7 +123,8 @@ VImage render(const char* member, const VImage& image, const DrawState& st, Box 
     checkArgument(member, "color", pen);
     return guarded(member, [&] {
         double pad = st.width / 2.0 + 2;
-        Canvas canvas(image, b.left - pad, b.top - pad, b.right + pad + 1, b.bottom + pad + 1);
+        Canvas canvas(image, st.mode, b.left - pad, b.top - pad, b.right + pad + 1,
+                      b.bottom + pad + 1);
         if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
         path(cr);

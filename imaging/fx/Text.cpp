@@ -65,7 +65,7 @@ VImage DrawText(const VImage& image, const DrawState& st, int x, int y, const st
     if (text.empty()) return image;
     return guarded("DrawText", [&] {
         PangoRectangle e = textExtents(st.font, text);
-        detail::Canvas canvas(image, x + e.x - 1, y + e.y - 1, x + e.x + e.width + 2,
+        detail::Canvas canvas(image, st.mode, x + e.x - 1, y + e.y - 1, x + e.x + e.width + 2,
                               y + e.y + e.height + 2);
         if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
