@@ -43,7 +43,7 @@ std::vector<EffectSample> filterSamples() {
         {"Posterize", "Posterize 4", [](const VImage& i) { return fx::Posterize(i, 4); }},
         {"Solarize", "Solarize 128", [](const VImage& i) { return fx::Solarize(i, 128); }},
         {"Mosaic", "Mosaic 12", [](const VImage& i) { return fx::Mosaic(i, 12); }},
-        {"Buttonize", "Buttonize 12, 0, 60",
+        {"Buttonize", "Buttonize width/24, 0, 60",
          [](const VImage& i) { return fx::Buttonize(i, std::max(1, i.width() / 24), 0, 60); }},
         {"Blend", "Blend 100", [](const VImage& i) { return fx::Blend(i, 100); }},
         {"Matrix", "Matrix 0, 1, edge kernel",
@@ -62,10 +62,10 @@ std::vector<EffectSample> filterSamples() {
 std::vector<EffectSample> distortionSamples() {
     return {
         {"Swirl", "Swirl 180", [](const VImage& i) { return fx::Swirl(i, 180); }},
-        {"Twist", "Twist 90, 64",
+        {"Twist", "Twist 90, width/4",
          [](const VImage& i) { return fx::Twist(i, 90, std::max(8, i.width() / 4)); }},
         {"Pinch", "Pinch 60", [](const VImage& i) { return fx::Pinch(i, 60); }},
-        {"Ripple", "Ripple 6, 40, 0",
+        {"Ripple", "Ripple width/40, width/6, 0",
          [](const VImage& i) {
              return fx::Ripple(i, std::max(1, i.width() / 40), std::max(2, i.width() / 6), 0);
          }},

@@ -1,6 +1,8 @@
 // effects-sheet: renders every effect member on the example photo into one labelled PNG.
-// Usage: effects-sheet [photo] [output.png]
+// Usage: effects-sheet [photo] [output.png] [tile width, default 300]
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
 #include <vector>
 
@@ -14,7 +16,7 @@ using vips::VImage;
 
 namespace {
 
-constexpr int kTileWidth = 300;
+int kTileWidth = 300;
 constexpr int kColumns = 6;
 constexpr int kGap = 8;
 
@@ -49,6 +51,8 @@ int main(int argc, char** argv) {
     if (VIPS_INIT(argv[0])) return 1;
     std::string photo = argc > 1 ? argv[1] : "data/example.jpg";
     std::string output = argc > 2 ? argv[2] : "effects-sheet.png";
+    if (argc > 3)
+        kTileWidth = std::max(100, std::atoi(argv[3]));
     try {
         VImage original = VImage::thumbnail(photo.c_str(), kTileWidth).copy_memory();
         VImage clipboard = original.flip(VIPS_DIRECTION_HORIZONTAL).copy_memory();
