@@ -21,6 +21,9 @@ void ensureVipsStarted() {
         if (VIPS_INIT("vantorel")) fail(ErrorCode::ProcessingFailed, "libvips failed to start");
         // Files are re-read after being overwritten in place; a cached decode would be stale.
         vips_cache_set_max(0);
+        // Failures reach the caller as errors with libvips' message; its warnings would only be
+        // noise on a batch's stderr.
+        g_log_set_handler("VIPS", G_LOG_LEVEL_WARNING, [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
     });
 }
 
@@ -222,7 +225,7 @@ void ImagingControl::saveFile() {
         // file again after it has been replaced.
         if (!m_source.nativePath.empty() && fs::equivalent(m_source.nativePath, diskPath(target), ec))
             m_image = current.copy_memory();
-        saveImage(m_image, target, storedInt("SaveFileType"), o);
+        saveImage(m_image, target, storedInt("SaveFileType"), o, m_fileName);
     });
 }
 

@@ -50,8 +50,10 @@ int32_t jpegQuality(const SaveOptions& options);
 
 // Writes the image to a temporary file in the target's folder, flushes it and renames it over the
 // target; on any failure the target is left as it was.
+// sourceName names the loaded file in the error when its pixels turn out to be damaged while
+// being written (decoding is lazy).
 void saveImage(const vips::VImage& image, const std::string& scriptPath, int32_t fileType,
-               const SaveOptions& options);
+               const SaveOptions& options, const std::string& sourceName = {});
 
 // Maps a libvips failure to the control's error, keeping the library's message.
 [[noreturn]] void failFromVips(ErrorCode code, const std::string& context, const vips::VError& e);

@@ -190,8 +190,15 @@ fs::path makeTemp(const fs::path& folder) {
 
 } // namespace
 
+// libvips reports a decoder failure during a save in the loader's words.
+bool isDecodeFailure(const std::string& message) {
+    for (const char* hint : {"read error", "load", "Premature", "truncated", "Corrupt", "corrupt", "out of order"})
+        if (message.find(hint) != std::string::npos) return true;
+    return false;
+}
+
 void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileType,
-               const SaveOptions& o) {
+               const SaveOptions& o, const std::string& sourceName) {
     if (scriptPath.empty()) fail(ErrorCode::CannotWrite, "no save file name is set");
     fs::path native = diskPath(scriptPath);
     const FormatDef& f = chooseFormat(native, scriptPath, fileType);
@@ -216,6 +223,8 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
         syncPath(folder, O_RDONLY | O_DIRECTORY);
     } catch (const vips::VError& e) {
         fs::remove(temp, ec);
+        if (!sourceName.empty() && isDecodeFailure(e.what()))
+            failFromVips(ErrorCode::DamagedImage, sourceName + ", found while writing " + scriptPath, e);
         failFromVips(ErrorCode::CannotWrite, scriptPath, e);
     } catch (...) {
         fs::remove(temp, ec);

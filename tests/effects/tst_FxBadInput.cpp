@@ -68,6 +68,24 @@ TEST(FxBadInput, FailedSavesLeaveTargetsUntouched) {
     EXPECT_EQ(d.errorOf([&] { d.saveAs(""); }), 20005);
 }
 
+TEST(FxBadInput, ATruncatedPngIsReportedAsDamagedWhenItsPixelsAreRead) {
+    TempDir dir;
+    vips::VImage::new_from_file(samplePhoto().c_str()).pngsave(dir.str("full.png").c_str());
+    std::string png = readFile(dir.str("full.png"));
+    writeFile(dir.str("cut.png"), png.substr(0, png.size() / 3));
+    writeFile(dir.str("out.jpg"), "previous");
+    FxDriver d;
+    int err = d.errorOf([&] {
+        d.load(dir.str("cut.png"));
+        d.saveAs(dir.str("out.jpg"));
+    });
+    EXPECT_EQ(err, 20003);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 20003);
+    EXPECT_NE(d.lastDescription.find("cut.png"), std::string::npos) << d.lastDescription;
+    EXPECT_EQ(readFile(dir.str("out.jpg")), "previous");
+    EXPECT_EQ(dir.entries().size(), 3u);
+}
+
 TEST(FxBadInput, DamageFoundOnlyWhileDecodingIsReportedAtSaveAndTheTargetKept) {
     TempDir dir;
     // A JPEG whose end marker survives but whose middle is overwritten.
