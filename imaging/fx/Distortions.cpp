@@ -84,6 +84,7 @@ bool convex(const std::array<Point, 4>& p) {
 }
 
 VImage warp(const char* member, const VImage& image, const std::array<Point, 4>& corners) {
+    if (image.width() < 2 || image.height() < 2) return image; // no area to warp
     double w = image.width() - 1, h = image.height() - 1;
     std::array<Point, 4> source{Point{0, 0}, Point{w, 0}, Point{w, h}, Point{0, h}};
     double m[8];

@@ -69,6 +69,15 @@ VImage motionMask(int angle, int distance) {
     return integerMask(w, h, cropped, sum);
 }
 
+// A 3x3 rank filter (0 minimum, 4 median, 8 maximum). libvips refuses images smaller than the
+// window, so those get a copied edge first.
+VImage rank3(const VImage& c, int index) {
+    if (c.width() >= 3 && c.height() >= 3) return c.rank(3, 3, index);
+    VImage padded = c.embed(1, 1, c.width() + 2, c.height() + 2,
+                            VImage::option()->set("extend", VIPS_EXTEND_COPY));
+    return padded.rank(3, 3, index).crop(1, 1, c.width(), c.height());
+}
+
 } // namespace
 
 VImage Blur(const VImage& image) {
@@ -98,15 +107,15 @@ VImage MBlur(const VImage& image, int angle, int distance, int strength) {
 }
 
 VImage Median(const VImage& image) {
-    return onColour("Median", image, [](const VImage& c, double) { return c.median(3); });
+    return onColour("Median", image, [](const VImage& c, double) { return rank3(c, 4); });
 }
 
 VImage Dilate(const VImage& image) {
-    return onColour("Dilate", image, [](const VImage& c, double) { return c.rank(3, 3, 8); });
+    return onColour("Dilate", image, [](const VImage& c, double) { return rank3(c, 8); });
 }
 
 VImage Erode(const VImage& image) {
-    return onColour("Erode", image, [](const VImage& c, double) { return c.rank(3, 3, 0); });
+    return onColour("Erode", image, [](const VImage& c, double) { return rank3(c, 0); });
 }
 
 VImage Diffuse(const VImage& image) {
