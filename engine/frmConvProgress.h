@@ -5,6 +5,10 @@
 #include <QString>
 #include <memory>
 
+namespace imaging {
+class ImagingControl;
+}
+
 // What a backend needs to draw the progress of a batch.
 struct ProgressState {
     bool visible = false;
@@ -53,6 +57,11 @@ public:
     // Start of a batch of fileCount photos (0 = unknown): counting and timing start over.
     void beginRun(int fileCount);
     const ProgressState& state() const { return m_state; }
+
+    // The imaging control every batch works on. Created by the effects factory on first use and
+    // kept with the window, so its settings survive from one run to the next.
+    std::shared_ptr<imaging::ImagingControl> engine_IX;
+
     void setBackend(std::unique_ptr<ProgressBackend> backend);
 
 private:

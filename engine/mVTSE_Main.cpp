@@ -12,6 +12,9 @@
 #ifdef VANTOREL_HAVE_SCRIPT_ENGINE
 #include "engine/VbsScriptEngine.h"
 #endif
+#ifdef VANTOREL_HAVE_EFFECTS
+#include "engine/EffectsFactory.h"
+#endif
 
 namespace mVTSE_Main {
 
@@ -40,6 +43,9 @@ int Main(int argc, char** argv) {
     mEngineMain::ScriptHostServices& services = mEngineMain::scriptHostServices();
 #ifdef VANTOREL_HAVE_SCRIPT_ENGINE
     services.createEngine = &mEngineMain::createVbsScriptEngine;
+#endif
+#ifdef VANTOREL_HAVE_EFFECTS
+    services.createEffects = &mEngineMain::createEffectsObject;
 #endif
     services.exitProcess = [&](int status) { exitRequested = status; };
     services.showMainWindow = [&](const QString&) { windowRequested = true; };

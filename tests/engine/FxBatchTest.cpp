@@ -1,0 +1,74 @@
+// Whole batches through the host with the real script engine and the real fx object.
+#include "RecordingMessages.h"
+#include "TempTree.h"
+#include "engine/EffectsFactory.h"
+#include "engine/ScriptHost.h"
+#include "engine/VbsScriptEngine.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+#include <optional>
+
+using namespace mEngineMain;
+
+namespace {
+
+struct NullBackend : ProgressBackend {
+    void render(const ProgressState&) override {}
+};
+
+class FxBatchTest : public testing::Test {
+protected:
+    void SetUp() override {
+        saved = scriptHostServices();
+        loadProgressWindow().setBackend(std::make_unique<NullBackend>());
+        ScriptHostServices& s = scriptHostServices();
+        s.createEngine = &createVbsScriptEngine;
+        s.createEffects = &createEffectsObject;
+        s.exitProcess = [this](int status) { exitStatus = status; };
+        s.showMainWindow = [](const QString&) {};
+        QFile photo(QStringLiteral(VANTOREL_SOURCE_DIR "/data/example.jpg"));
+        ASSERT_TRUE(photo.open(QIODevice::ReadOnly));
+        tree.write("in/Photo One.jpg", photo.readAll());
+        options.programFolder = QStringLiteral(VANTOREL_SOURCE_DIR); // the shipped template
+    }
+    void TearDown() override { scriptHostServices() = saved; }
+
+    ScriptHostServices saved;
+    RecordingMessages recorder;
+    ScopedMessages scope{&recorder};
+    std::optional<int> exitStatus;
+    TempTree tree;
+    RunOptions options;
+};
+
+} // namespace
+
+TEST_F(FxBatchTest, ResizeAndSaveUnderANewName) {
+    const QString line =
+        "/files:" + tree.path("in\\Photo One.jpg") +
+        " /cmd:w = fx.ImagWidth /fx.ResizePercent 50"
+        " /cmd:MsgBox w & \" \" & fx.ImagWidth /fx.SaveFileNameAddPrefix \"small_\""
+        " /fx.savefile /exit";
+    const RunOutcome outcome = runCommandLine(line, false, options);
+    ASSERT_EQ(outcome.status, ScriptStatus::Succeeded)
+        << (recorder.boxes.isEmpty() ? std::string() : recorder.boxes.last().text.toStdString());
+    EXPECT_EQ(exitStatus, 0);
+    ASSERT_EQ(recorder.boxes.size(), 1);
+    const QStringList widths = recorder.boxes[0].text.split(u' ');
+    ASSERT_EQ(widths.size(), 2);
+    EXPECT_NEAR(widths[1].toDouble(), widths[0].toDouble() / 2, 1.0);
+    EXPECT_GT(tree.read("in/small_Photo One.jpg").size(), 1000);
+    EXPECT_EQ(loadProgressWindow().state().currentName(), QStringLiteral("Photo One.jpg"));
+}
+
+TEST_F(FxBatchTest, MissingPhotoIsAScriptErrorNamingTheLine) {
+    // A line must not end in a double quote: the first step of a run strips one at each end.
+    const QString line = "/files:" + tree.path("in\\Photo One.jpg") + "/cmd:fx.filename = \"" +
+                         tree.path("in\\gone.jpg") + "\" /progress.hide";
+    const RunOutcome outcome = runCommandLine(line, true, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Failed);
+    EXPECT_TRUE(outcome.result.startsWith("Error was found: ")) << outcome.result.toStdString();
+    EXPECT_TRUE(outcome.result.endsWith("fx.filename = \"" + tree.path("in\\gone.jpg") + "\""))
+        << outcome.result.toStdString();
+}
