@@ -13,6 +13,10 @@
 
 #include "FxTestSupport.h"
 
+#ifdef FX_TEST_HAVE_XCB
+#include <xcb/xcb.h>
+#endif
+
 extern char** environ;
 
 namespace {
@@ -106,4 +110,26 @@ TEST(CaptureWindow, CapturesTheScreenOfAnXServer) {
     EXPECT_EQ(screen.format(), VIPS_FORMAT_UCHAR);
     fxtest::expectBadArgument([] { fx::CaptureWindow(0x7abcdef); }, "CaptureWindow",
                               "no window with handle");
+#ifdef FX_TEST_HAVE_XCB
+    // A red 100x50 window: captured by its id it is 100x50 and red; unmapped it is refused.
+    xcb_connection_t* c = xcb_connect(nullptr, nullptr);
+    ASSERT_EQ(xcb_connection_has_error(c), 0);
+    xcb_screen_t* root = xcb_setup_roots_iterator(xcb_get_setup(c)).data;
+    xcb_window_t window = xcb_generate_id(c);
+    uint32_t values[] = {0xFF0000, 1}; // background pixel (24-bit true colour), override-redirect
+    xcb_create_window(c, XCB_COPY_FROM_PARENT, window, root->root, 30, 20, 100, 50, 0,
+                      XCB_WINDOW_CLASS_INPUT_OUTPUT, root->root_visual,
+                      XCB_CW_BACK_PIXEL | XCB_CW_OVERRIDE_REDIRECT, values);
+    xcb_map_window(c, window);
+    free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr)); // wait for the server
+    vips::VImage shot = fx::CaptureWindow(long(window));
+    EXPECT_EQ(shot.width(), 100);
+    EXPECT_EQ(shot.height(), 50);
+    EXPECT_EQ(shot.getpoint(50, 25), (std::vector<double>{255, 0, 0}));
+    xcb_unmap_window(c, window);
+    free(xcb_get_input_focus_reply(c, xcb_get_input_focus(c), nullptr));
+    fxtest::expectBadArgument([&] { fx::CaptureWindow(long(window)); }, "CaptureWindow",
+                              "is not visible on the screen");
+    xcb_disconnect(c);
+#endif
 }
