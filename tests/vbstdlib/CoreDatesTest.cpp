@@ -12,7 +12,9 @@ using namespace vbs::lib;
 
 namespace {
 
-double day(int y, int m, int d) { return double(daysFromCivil(y, m, d)); }
+double day(int y, int m, int d) {
+    return double(daysFromCivil(y, m, d));
+}
 
 std::optional<double> parse(std::u16string_view text) {
     double out = 0;
@@ -30,21 +32,25 @@ int thisYear() {
 } // namespace
 
 TEST(CoreDates, ParsesDates) {
-    struct Case { const char16_t* text; double expected; };
-    const Case cases[] = {
-        {u"1/2/2003", day(2003, 1, 2)},         {u"01/02/2003", day(2003, 1, 2)},
-        {u"1-2-2003", day(2003, 1, 2)},         {u"2003-01-02", day(2003, 1, 2)},
-        {u"2003/1/2", day(2003, 1, 2)},         {u"January 2, 2003", day(2003, 1, 2)},
-        {u"2 Jan 2003", day(2003, 1, 2)},       {u"jan 2 2003", day(2003, 1, 2)},
-        {u"Sept 9, 2003", day(2003, 9, 9)},     {u"1/2/03", day(2003, 1, 2)},
-        {u"1/2/30", day(1930, 1, 2)},           {u"13/1/2003", day(2003, 1, 13)},
-        {u"2/29/2004", day(2004, 2, 29)},       
-        {u"  1/2/2003  ", day(2003, 1, 2)},     
-        {u"12/31/9999", day(9999, 12, 31)}};
+    struct Case {
+        const char16_t* text;
+        double expected;
+    };
+    const Case cases[] = {{u"1/2/2003", day(2003, 1, 2)},     {u"01/02/2003", day(2003, 1, 2)},
+                          {u"1-2-2003", day(2003, 1, 2)},     {u"2003-01-02", day(2003, 1, 2)},
+                          {u"2003/1/2", day(2003, 1, 2)},     {u"January 2, 2003", day(2003, 1, 2)},
+                          {u"2 Jan 2003", day(2003, 1, 2)},   {u"jan 2 2003", day(2003, 1, 2)},
+                          {u"Sept 9, 2003", day(2003, 9, 9)}, {u"1/2/03", day(2003, 1, 2)},
+                          {u"1/2/30", day(1930, 1, 2)},       {u"13/1/2003", day(2003, 1, 13)},
+                          {u"2/29/2004", day(2004, 2, 29)},   {u"  1/2/2003  ", day(2003, 1, 2)},
+                          {u"12/31/9999", day(9999, 12, 31)}};
     for (const Case& c : cases) {
         auto serial = parse(c.text);
-        if (!serial) ADD_FAILURE() << std::string(c.text, c.text + std::char_traits<char16_t>::length(c.text));
-        else EXPECT_EQ(*serial, c.expected);
+        if (!serial)
+            ADD_FAILURE() << std::string(c.text,
+                                         c.text + std::char_traits<char16_t>::length(c.text));
+        else
+            EXPECT_EQ(*serial, c.expected);
     }
 }
 
@@ -64,11 +70,11 @@ TEST(CoreDates, ParsesTimes) {
 
 TEST(CoreDates, RejectsNonDates) {
     for (const char16_t* text :
-         {u"", u"   ", u"abc", u"1", u"2003", u"12.5.2003.1", u"2/30/2003", u"13/13/2003",
-          u"25:00", u"10:60", u"13:00 PM", u"1:2:3:4", u"1/2/2003 PM", u"Monday",
-          u"January", u"1/2/3/4", u"1/2/2003 x", u"$1/2/2003", u"12/31/10000"}) {
-        EXPECT_FALSE(parse(text))
-            << std::string(text, text + std::char_traits<char16_t>::length(text));
+         {u"", u"   ", u"abc", u"1", u"2003", u"12.5.2003.1", u"2/30/2003", u"13/13/2003", u"25:00",
+          u"10:60", u"13:00 PM", u"1:2:3:4", u"1/2/2003 PM", u"Monday", u"January", u"1/2/3/4",
+          u"1/2/2003 x", u"$1/2/2003", u"12/31/10000"}) {
+        EXPECT_FALSE(parse(text)) << std::string(text,
+                                                 text + std::char_traits<char16_t>::length(text));
     }
 }
 
@@ -81,7 +87,6 @@ TEST(CoreDates, RoundTripsThroughText) {
     }
 }
 
-
 TEST(CoreDates, CalendarsAgree) {
     // The core splits dates for CStr and Year/Month/...; the library does DateAdd and friends.
     for (double serial = -700000.3; serial < 2958465; serial += 3331.37) {
@@ -91,7 +96,8 @@ TEST(CoreDates, CalendarsAgree) {
         ASSERT_EQ(core.month, lib.month) << serial;
         ASSERT_EQ(core.day, lib.day) << serial;
         ASSERT_EQ(core.hour * 3600 + core.minute * 60 + core.second,
-                  lib.hour * 3600 + lib.minute * 60 + lib.second) << serial;
+                  lib.hour * 3600 + lib.minute * 60 + lib.second)
+            << serial;
         ASSERT_EQ(core.weekday, weekday(serial)) << serial;
     }
 }

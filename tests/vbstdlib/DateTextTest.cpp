@@ -7,7 +7,9 @@ using namespace vbs::lib;
 
 namespace {
 
-double day(int y, int m, int d) { return double(daysFromCivil(y, m, d)); }
+double day(int y, int m, int d) {
+    return double(daysFromCivil(y, m, d));
+}
 
 } // namespace
 

@@ -8,7 +8,9 @@ using vbs::Value;
 
 namespace {
 
-vbs::Ref<vbs::Dispatch> dictionary() { return vbs::lib::createDictionary(); }
+vbs::Ref<vbs::Dispatch> dictionary() {
+    return vbs::lib::createDictionary();
+}
 
 } // namespace
 
@@ -30,13 +32,14 @@ TEST(Dictionary, Errors) {
     invoke(*d, u"Add", {Value(u"k"), Value()});
     const int duplicate = errorOf([&] { invoke(*d, u"Add", {Value(u"k"), Value()}); });
     EXPECT_EQ(duplicate, 457);
-    EXPECT_EQ(vbs::errorMessage(457), u"This key is already associated with an element of this collection");
+    EXPECT_EQ(vbs::errorMessage(457),
+              u"This key is already associated with an element of this collection");
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Remove", {Value(u"missing")}); }), 32811);
     EXPECT_EQ(vbs::errorMessage(32811), u"Element not found");
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Add", {Value(u"x")}); }), 450);
     EXPECT_EQ(errorOf([&] { let(*d, u"CompareMode", {Value(int16_t(1))}); }), 5); // not empty
-    EXPECT_EQ(errorOf([&] { let(*d, u"Count", {Value(int16_t(1))}); }), 450);      // read-only
-    EXPECT_EQ(errorOf([&] { let(*d, u"Item", {Value(int16_t(1))}); }), 450);       // no key
+    EXPECT_EQ(errorOf([&] { let(*d, u"Count", {Value(int16_t(1))}); }), 450);     // read-only
+    EXPECT_EQ(errorOf([&] { let(*d, u"Item", {Value(int16_t(1))}); }), 450);      // no key
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Frobnicate"); }), 438);
 }
 
@@ -60,7 +63,8 @@ TEST(Dictionary, TextCompareMode) {
 
 TEST(Dictionary, OrderKeysItemsRemoveAndRename) {
     auto d = dictionary();
-    for (const char16_t* k : {u"c", u"a", u"b"}) invoke(*d, u"Add", {Value(k), Value(String(k) + u"!")});
+    for (const char16_t* k : {u"c", u"a", u"b"})
+        invoke(*d, u"Add", {Value(k), Value(String(k) + u"!")});
     invoke(*d, u"Remove", {Value(u"a")});
     let(*d, u"Key", {Value(u"c"), Value(u"z")});
     const Value keys = get(*d, u"Keys");

@@ -15,7 +15,8 @@ inline vbs::Value invoke(vbs::Dispatch& object, std::u16string_view name,
     const int id = object.memberId(name);
     if (id < 0) throw vbs::ScriptError(vbs::ErrorCode::NoSuchMember);
     std::vector<vbs::Value*> pointers;
-    for (vbs::Value& v : args) pointers.push_back(&v);
+    for (vbs::Value& v : args)
+        pointers.push_back(&v);
     return object.invoke(id, kind, pointers);
 }
 
@@ -48,8 +49,7 @@ inline void let(const DispatchRef& o, std::u16string_view name, std::vector<vbs:
 }
 
 // The error number a call raises, 0 when it succeeds.
-template <class F>
-int errorOf(F f) {
+template <class F> int errorOf(F f) {
     try {
         f();
     } catch (const vbs::ScriptError& e) {

@@ -46,7 +46,11 @@ protected:
 } // namespace
 
 TEST_F(FileSystemObjectTest, PathNames) {
-    struct Case { const char16_t* member; const char16_t* in; const char16_t* out; };
+    struct Case {
+        const char16_t* member;
+        const char16_t* in;
+        const char16_t* out;
+    };
     const Case cases[] = {
         {u"GetFileName", u"\\photos\\2003\\img.jpg", u"img.jpg"},
         {u"GetFileName", u"\\photos\\2003\\", u"2003"},
@@ -63,8 +67,10 @@ TEST_F(FileSystemObjectTest, PathNames) {
     };
     for (const Case& c : cases)
         EXPECT_EQ(call(c.member, {Value(c.in)}).toString(), c.out) << String(c.member).size();
-    EXPECT_EQ(call(u"BuildPath", {Value(u"\\photos"), Value(u"a.jpg")}).toString(), u"\\photos\\a.jpg");
-    EXPECT_EQ(call(u"BuildPath", {Value(u"\\photos\\"), Value(u"\\a.jpg")}).toString(), u"\\photos\\a.jpg");
+    EXPECT_EQ(call(u"BuildPath", {Value(u"\\photos"), Value(u"a.jpg")}).toString(),
+              u"\\photos\\a.jpg");
+    EXPECT_EQ(call(u"BuildPath", {Value(u"\\photos\\"), Value(u"\\a.jpg")}).toString(),
+              u"\\photos\\a.jpg");
     EXPECT_EQ(call(u"BuildPath", {Value(u""), Value(u"a.jpg")}).toString(), u"a.jpg");
 }
 
@@ -102,7 +108,11 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
     writeBytes("b.jpg", "B");
     call(u"CopyFile", {Value(path(u"a.jpg")), Value(path(u"out\\"))});
     EXPECT_EQ(readBytes("out/a.jpg"), "A");
-    EXPECT_EQ(errorOf([&] { call(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg")), Value(false)}); }), 58);
+    EXPECT_EQ(
+        errorOf([&] {
+            call(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg")), Value(false)});
+        }),
+        58);
     call(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg"))}); // overwrites by default
     EXPECT_EQ(readBytes("out/a.jpg"), "B");
     call(u"CopyFile", {Value(path(u"*.JPG")), Value(path(u"out"))});
@@ -110,11 +120,17 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
     call(u"MoveFile", {Value(path(u"a.jpg")), Value(path(u"moved.jpg"))});
     EXPECT_FALSE(fs::exists(m_dir / "a.jpg"));
     EXPECT_EQ(readBytes("moved.jpg"), "A");
-    EXPECT_EQ(errorOf([&] { call(u"MoveFile", {Value(path(u"b.jpg")), Value(path(u"moved.jpg"))}); }), 58);
+    EXPECT_EQ(errorOf([&] {
+                  call(u"MoveFile", {Value(path(u"b.jpg")), Value(path(u"moved.jpg"))});
+              }),
+              58);
     call(u"DeleteFile", {Value(path(u"out\\*.jpg"))});
     EXPECT_TRUE(fs::is_empty(m_dir / "out"));
     EXPECT_EQ(errorOf([&] { call(u"DeleteFile", {Value(path(u"none.jpg"))}); }), 53);
-    EXPECT_EQ(errorOf([&] { call(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))}); }), 53);
+    EXPECT_EQ(errorOf([&] {
+                  call(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))});
+              }),
+              53);
 }
 
 TEST_F(FileSystemObjectTest, TextStreams) {
@@ -137,9 +153,15 @@ TEST_F(FileSystemObjectTest, TextStreams) {
     invoke(append, u"WriteLine");
     invoke(append, u"Close");
     EXPECT_EQ(readBytes("list.txt"), "caf\xC3\xA9\r\nlast\r\n");
-    EXPECT_EQ(errorOf([&] { call(u"CreateTextFile", {Value(path(u"list.txt")), Value(false)}); }), 58);
+    EXPECT_EQ(errorOf([&] {
+                  call(u"CreateTextFile", {Value(path(u"list.txt")), Value(false)});
+              }),
+              58);
     EXPECT_EQ(errorOf([&] { call(u"OpenTextFile", {Value(path(u"none.txt"))}); }), 53);
-    EXPECT_EQ(errorOf([&] { call(u"OpenTextFile", {Value(path(u"list.txt")), Value(int16_t(3))}); }), 5);
+    EXPECT_EQ(errorOf([&] {
+                  call(u"OpenTextFile", {Value(path(u"list.txt")), Value(int16_t(3))});
+              }),
+              5);
     call(u"OpenTextFile", {Value(path(u"new.txt")), Value(int16_t(2)), Value(true)});
     EXPECT_TRUE(fs::exists(m_dir / "new.txt"));
 }
@@ -149,9 +171,13 @@ TEST_F(FileSystemObjectTest, ReadsWindows1252AndUtf16) {
     auto in = dispatchOf(call(u"OpenTextFile", {Value(path(u"ansi.txt"))}));
     EXPECT_EQ(invoke(in, u"ReadLine").toString(), u"caf\u00E9 \u20AC");
     EXPECT_EQ(invoke(in, u"ReadAll").toString(), u"x\ny");
-    writeBytes("wide.txt", std::string("\xFF\xFE" "a\0\xE9\0", 6));
+    writeBytes("wide.txt", std::string("\xFF\xFE"
+                                       "a\0\xE9\0",
+                                       6));
     auto wide = dispatchOf(call(u"OpenTextFile", {Value(path(u"wide.txt"))}));
     EXPECT_EQ(invoke(wide, u"ReadAll").toString(), u"a\u00E9");
     writeBytes("bom.txt", "\xEF\xBB\xBFok");
-    EXPECT_EQ(invoke(dispatchOf(call(u"OpenTextFile", {Value(path(u"bom.txt"))})), u"ReadAll").toString(), u"ok");
+    EXPECT_EQ(
+        invoke(dispatchOf(call(u"OpenTextFile", {Value(path(u"bom.txt"))})), u"ReadAll").toString(),
+        u"ok");
 }

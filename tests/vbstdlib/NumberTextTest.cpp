@@ -6,14 +6,19 @@
 using namespace vbs::lib;
 
 TEST(NumberText, RoundHalvesToEven) {
-    struct Case { double value; int digits; double expected; };
+    struct Case {
+        double value;
+        int digits;
+        double expected;
+    };
     const Case cases[] = {{2.5, 0, 2},       {3.5, 0, 4},         {-2.5, 0, -2},
                           {0.5, 0, 0},       {1.5, 0, 2},         {2.675, 2, 2.68},
                           {2.665, 2, 2.66},  {1.2345, 3, 1.234},  {1.2355, 3, 1.236},
                           {-1.005, 2, -1.0}, {123.456, 1, 123.5}, {0.000123, 3, 0},
                           {99.95, 1, 100.0}, {1e20, 2, 1e20},     {5.0, 10, 5.0}};
     for (const Case& c : cases)
-        EXPECT_DOUBLE_EQ(roundToDigits(c.value, c.digits), c.expected) << c.value << " " << c.digits;
+        EXPECT_DOUBLE_EQ(roundToDigits(c.value, c.digits), c.expected)
+            << c.value << " " << c.digits;
 }
 
 TEST(NumberText, FormatNumberOptions) {

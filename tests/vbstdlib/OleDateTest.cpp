@@ -7,7 +7,9 @@ using namespace vbs::lib;
 
 namespace {
 
-double day(int y, int m, int d) { return double(daysFromCivil(y, m, d)); }
+double day(int y, int m, int d) {
+    return double(daysFromCivil(y, m, d));
+}
 
 double at(int y, int m, int d, int h, int n, int s = 0) {
     return fromParts(DateParts{y, m, d, h, n, s});
@@ -54,14 +56,17 @@ TEST(OleDate, Weekday) {
 }
 
 TEST(OleDate, DateSerialNormalises) {
-    struct Case { long long y, m, d; double expected; };
-    const Case cases[] = {
-        {2003, 14, 1, day(2004, 2, 1)},  {2003, 1, 0, day(2002, 12, 31)},
-        {2003, 0, 1, day(2002, 12, 1)},  {2003, -1, 1, day(2002, 11, 1)},
-        {2003, 2, 29, day(2003, 3, 1)},  {99, 1, 1, day(1999, 1, 1)},
-        {5, 1, 1, day(2005, 1, 1)},      {30, 6, 15, day(1930, 6, 15)},
-        {2004, 1, 366, day(2004, 12, 31)}};
-    for (const Case& c : cases) EXPECT_EQ(dateSerial(c.y, c.m, c.d), c.expected) << c.y << c.m << c.d;
+    struct Case {
+        long long y, m, d;
+        double expected;
+    };
+    const Case cases[] = {{2003, 14, 1, day(2004, 2, 1)},   {2003, 1, 0, day(2002, 12, 31)},
+                          {2003, 0, 1, day(2002, 12, 1)},   {2003, -1, 1, day(2002, 11, 1)},
+                          {2003, 2, 29, day(2003, 3, 1)},   {99, 1, 1, day(1999, 1, 1)},
+                          {5, 1, 1, day(2005, 1, 1)},       {30, 6, 15, day(1930, 6, 15)},
+                          {2004, 1, 366, day(2004, 12, 31)}};
+    for (const Case& c : cases)
+        EXPECT_EQ(dateSerial(c.y, c.m, c.d), c.expected) << c.y << c.m << c.d;
     EXPECT_FALSE(dateSerial(10000, 1, 1));
     EXPECT_FALSE(dateSerial(9999, 12, 32));
 }

@@ -1,7 +1,7 @@
 // The RegExp object through its Dispatch interface: properties, Test, Execute's collections,
 // Replace, and a bad pattern.
-#include "DispatchCall.h"
 #include "RegExpObject.h"
+#include "DispatchCall.h"
 
 using namespace vbstest;
 using vbs::Value;
@@ -59,7 +59,8 @@ TEST(RegExpObject, Replace) {
     EXPECT_EQ(invoke(*re, u"Replace", {Value(u"640x480, 800x600"), Value(u"$2 by $1")}).toString(),
               u"480 by 640, 600 by 800");
     let(*re, u"Global", {Value(false)});
-    EXPECT_EQ(invoke(*re, u"Replace", {Value(u"1x2 3x4"), Value(u"[$&]")}).toString(), u"[1x2] 3x4");
+    EXPECT_EQ(invoke(*re, u"Replace", {Value(u"1x2 3x4"), Value(u"[$&]")}).toString(),
+              u"[1x2] 3x4");
 }
 
 TEST(RegExpObject, BadPatternIsASyntaxError) {

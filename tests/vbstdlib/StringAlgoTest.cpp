@@ -73,7 +73,8 @@ TEST(StringAlgo, CompareModes) {
 }
 
 TEST(StringAlgo, CaseMapping) {
-    EXPECT_EQ(toUpper(u"stra\u00DFe \u00E9 \u00FF \u0444 \u03C9"), u"STRA\u00DFE \u00C9 \u0178 \u0424 \u03A9");
+    EXPECT_EQ(toUpper(u"stra\u00DFe \u00E9 \u00FF \u0444 \u03C9"),
+              u"STRA\u00DFE \u00C9 \u0178 \u0424 \u03A9");
     EXPECT_EQ(toLower(u"\u0178\u00C9\u0401\u0100\u0139Z"), u"\u00FF\u00E9\u0451\u0101\u013Az");
     for (char16_t c = 1; c < 0x500; ++c) {
         if (foldLower(c) != c) {
@@ -105,5 +106,6 @@ TEST(StringAlgo, AnsiCodePage) {
     EXPECT_EQ(ansiFromUnicode(0x3A9), -1);
     EXPECT_EQ(unicodeFromAnsi(0x80), 0x20AC);
     EXPECT_EQ(unicodeFromAnsi(0x9F), 0x178);
-    for (int b = 0; b < 256; ++b) EXPECT_EQ(ansiFromUnicode(unicodeFromAnsi(uint8_t(b))), b);
+    for (int b = 0; b < 256; ++b)
+        EXPECT_EQ(ansiFromUnicode(unicodeFromAnsi(uint8_t(b))), b);
 }

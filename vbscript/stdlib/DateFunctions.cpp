@@ -13,8 +13,8 @@ namespace vbs::lib {
 namespace {
 
 struct LocalNow {
-    double day;         // serial of today
-    double seconds;     // since local midnight, with milliseconds
+    double day;     // serial of today
+    double seconds; // since local midnight, with milliseconds
 };
 
 LocalNow localNow() {
@@ -28,15 +28,23 @@ LocalNow localNow() {
             local.tm_hour * 3600.0 + local.tm_min * 60.0 + local.tm_sec + ms / 1000.0};
 }
 
-double wholeSecondsOfDay(const LocalNow& n) { return std::floor(n.seconds) / 86400.0; }
+double wholeSecondsOfDay(const LocalNow& n) {
+    return std::floor(n.seconds) / 86400.0;
+}
 
 Value fnNow(CallContext&, Args) {
     const LocalNow n = localNow();
     return Value::fromDate(n.day + wholeSecondsOfDay(n));
 }
-Value fnDate(CallContext&, Args) { return Value::fromDate(localNow().day); }
-Value fnTime(CallContext&, Args) { return Value::fromDate(wholeSecondsOfDay(localNow())); }
-Value fnTimer(CallContext&, Args) { return Value(float(localNow().seconds)); }
+Value fnDate(CallContext&, Args) {
+    return Value::fromDate(localNow().day);
+}
+Value fnTime(CallContext&, Args) {
+    return Value::fromDate(wholeSecondsOfDay(localNow()));
+}
+Value fnTimer(CallContext&, Args) {
+    return Value(float(localNow().seconds));
+}
 
 Interval intervalArg(const Value& v) {
     const auto interval = parseInterval(v.toString());
@@ -105,8 +113,7 @@ Value fnTimeValue(CallContext&, Args a) {
 }
 
 // Year, Month, ... share one shape: Null gives Null, anything else is read as a date.
-template <Interval I>
-Value part(CallContext&, Args a) {
+template <Interval I> Value part(CallContext&, Args a) {
     if (isNullArg(*a[0])) return Value::null();
     return Value(int16_t(datePart(I, a[0]->toDate())));
 }
@@ -165,6 +172,8 @@ const BuiltinDef kDateFunctions[] = {
 
 } // namespace
 
-void registerDateFunctions(ScriptControl& control) { control.registerBuiltins(kDateFunctions); }
+void registerDateFunctions(ScriptControl& control) {
+    control.registerBuiltins(kDateFunctions);
+}
 
 } // namespace vbs::lib

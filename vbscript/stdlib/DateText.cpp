@@ -10,9 +10,8 @@ namespace {
 const std::array<const char16_t*, 12> kMonths = {
     u"January", u"February", u"March",     u"April",   u"May",      u"June",
     u"July",    u"August",   u"September", u"October", u"November", u"December"};
-const std::array<const char16_t*, 7> kWeekdays = {u"Sunday",   u"Monday", u"Tuesday",
-                                                  u"Wednesday", u"Thursday", u"Friday",
-                                                  u"Saturday"};
+const std::array<const char16_t*, 7> kWeekdays = {u"Sunday",   u"Monday", u"Tuesday", u"Wednesday",
+                                                  u"Thursday", u"Friday", u"Saturday"};
 
 std::u16string number(int value, int width = 1) {
     std::u16string digits;
@@ -20,7 +19,8 @@ std::u16string number(int value, int width = 1) {
         digits.insert(digits.begin(), char16_t(u'0' + value % 10));
         value /= 10;
     } while (value > 0);
-    while (int(digits.size()) < width) digits.insert(digits.begin(), u'0');
+    while (int(digits.size()) < width)
+        digits.insert(digits.begin(), u'0');
     return digits;
 }
 
@@ -42,10 +42,14 @@ std::u16string formatDate(double serial, DateFormat format) {
     case DateFormat::LongDate:
         return weekdayName(weekday(serial)) + u", " + monthName(p.month) + u" " + number(p.day) +
                u", " + number(p.year);
-    case DateFormat::ShortDate: return shortDate(p);
-    case DateFormat::LongTime: return longTime(p);
-    case DateFormat::ShortTime: return number(p.hour, 2) + u":" + number(p.minute, 2);
-    case DateFormat::General: break;
+    case DateFormat::ShortDate:
+        return shortDate(p);
+    case DateFormat::LongTime:
+        return longTime(p);
+    case DateFormat::ShortTime:
+        return number(p.hour, 2) + u":" + number(p.minute, 2);
+    case DateFormat::General:
+        break;
     }
     const bool noDate = p.year == 1899 && p.month == 12 && p.day == 30;
     const bool noTime = p.hour == 0 && p.minute == 0 && p.second == 0;

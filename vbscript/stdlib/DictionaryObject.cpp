@@ -16,7 +16,8 @@ public:
     int defaultMemberId() const override { return memberId(u"Item"); }
     bool enumerate(std::vector<Value>& out) override {
         out.clear();
-        for (const Entry& e : m_entries) out.push_back(e.key);
+        for (const Entry& e : m_entries)
+            out.push_back(e.key);
         return true;
     }
 
@@ -65,13 +66,15 @@ public:
 
     Value keys(Args) {
         std::vector<Value> out;
-        for (const Entry& e : m_entries) out.push_back(e.key);
+        for (const Entry& e : m_entries)
+            out.push_back(e.key);
         return Value::makeArray(std::move(out));
     }
 
     Value items(Args) {
         std::vector<Value> out;
-        for (const Entry& e : m_entries) out.push_back(e.item);
+        for (const Entry& e : m_entries)
+            out.push_back(e.item);
         return Value::makeArray(std::move(out));
     }
 
@@ -111,7 +114,8 @@ private:
             const auto p = reinterpret_cast<uintptr_t>(key.object());
             return u"o" + fromAscii(std::to_string(p));
         }
-        if (key.isString()) return u"s" + (m_compare == Compare::Text ? foldCase(key.str()) : key.str());
+        if (key.isString())
+            return u"s" + (m_compare == Compare::Text ? foldCase(key.str()) : key.str());
         if (key.isEmpty()) return u"e";
         if (key.isNull()) return u"z";
         double d = key.toDouble();
@@ -136,7 +140,8 @@ private:
 
     void reindex() {
         m_index.clear();
-        for (size_t i = 0; i < m_entries.size(); ++i) m_index[identity(m_entries[i].key)] = i;
+        for (size_t i = 0; i < m_entries.size(); ++i)
+            m_index[identity(m_entries[i].key)] = i;
     }
 
     std::vector<Entry> m_entries;
@@ -146,6 +151,8 @@ private:
 
 } // namespace
 
-Ref<Dispatch> createDictionary() { return makeRef<Dictionary>(); }
+Ref<Dispatch> createDictionary() {
+    return makeRef<Dictionary>();
+}
 
 } // namespace vbs::lib

@@ -12,7 +12,9 @@
 
 namespace vbs::lib {
 
-fs::path nativeOf(const String& scriptPath) { return NativePath::toNative(toUtf8(scriptPath)); }
+fs::path nativeOf(const String& scriptPath) {
+    return NativePath::toNative(toUtf8(scriptPath));
+}
 
 String scriptPathOf(const fs::path& native) {
     std::error_code ec;
@@ -52,13 +54,16 @@ double modifiedDate(const fs::path& native) {
 double createdDate(const fs::path& native) {
     struct statx stx {};
     if (::statx(AT_FDCWD, native.c_str(), 0, STATX_BTIME | STATX_CTIME, &stx) == 0)
-        return localSerial((stx.stx_mask & STATX_BTIME) ? stx.stx_btime.tv_sec : stx.stx_ctime.tv_sec);
+        return localSerial((stx.stx_mask & STATX_BTIME) ? stx.stx_btime.tv_sec
+                                                        : stx.stx_ctime.tv_sec);
     return modifiedDate(native);
 }
 
 namespace {
 
-String nameOf(const fs::path& native) { return fromUtf8(native.filename().string()); }
+String nameOf(const fs::path& native) {
+    return fromUtf8(native.filename().string());
+}
 
 // The "\" form's parent folder: the default value of ParentFolder's Path.
 Ref<Dispatch> parentOf(const fs::path& native) {
@@ -106,7 +111,8 @@ public:
         std::error_code ec;
         std::vector<fs::path> paths;
         for (const auto& entry : fs::directory_iterator(folder, ec))
-            if ((folders ? entry.is_directory(ec) : entry.is_regular_file(ec))) paths.push_back(entry.path());
+            if ((folders ? entry.is_directory(ec) : entry.is_regular_file(ec)))
+                paths.push_back(entry.path());
         std::sort(paths.begin(), paths.end());
         for (const fs::path& p : paths) {
             m_names.push_back(nameOf(p));
@@ -184,7 +190,9 @@ private:
 
 } // namespace
 
-Ref<Dispatch> makeFile(const fs::path& native) { return makeRef<File>(native); }
+Ref<Dispatch> makeFile(const fs::path& native) {
+    return makeRef<File>(native);
+}
 
 Ref<Dispatch> makeFolder(const fs::path& native) {
     fs::path p = native;

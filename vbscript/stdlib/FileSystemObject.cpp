@@ -8,11 +8,14 @@ namespace vbs::lib {
 
 namespace {
 
-bool isSeparator(char16_t c) { return c == u'\\' || c == u'/'; }
+bool isSeparator(char16_t c) {
+    return c == u'\\' || c == u'/';
+}
 
 // The path without trailing separators (a lone root separator stays).
 std::u16string_view trimSeparators(std::u16string_view p) {
-    while (p.size() > 1 && isSeparator(p.back())) p.remove_suffix(1);
+    while (p.size() > 1 && isSeparator(p.back()))
+        p.remove_suffix(1);
     return p;
 }
 
@@ -33,9 +36,9 @@ String parentFolderNameOf(std::u16string_view path) {
     const std::u16string_view p = trimSeparators(path);
     const size_t sep = lastSeparator(p);
     if (sep == std::u16string_view::npos) return {};
-    if (p[sep] == u':') return String(p.substr(0, sep + 1));        // "C:a" -> "C:"
-    if (sep == 0) return String(p.substr(0, 1));                     // "\a" -> "\"
-    if (p[sep - 1] == u':') return String(p.substr(0, sep + 1));    // "C:\a" -> "C:\"
+    if (p[sep] == u':') return String(p.substr(0, sep + 1));     // "C:a" -> "C:"
+    if (sep == 0) return String(p.substr(0, 1));                 // "\a" -> "\"
+    if (p[sep - 1] == u':') return String(p.substr(0, sep + 1)); // "C:\a" -> "C:\"
     return String(trimSeparators(p.substr(0, sep)));
 }
 
@@ -89,7 +92,8 @@ std::vector<fs::path> sourceFiles(const String& source) {
     std::vector<fs::path> files;
     std::error_code ec;
     for (const auto& entry : fs::directory_iterator(dir, ec))
-        if (entry.is_regular_file(ec) && wildcardMatch(pattern, fromUtf8(entry.path().filename().string())))
+        if (entry.is_regular_file(ec) &&
+            wildcardMatch(pattern, fromUtf8(entry.path().filename().string())))
             files.push_back(entry.path());
     if (files.empty()) raise(ErrorCode::FileNotFound);
     return files;
@@ -241,6 +245,8 @@ private:
 
 } // namespace
 
-Ref<Dispatch> createFileSystemObject() { return makeRef<FileSystemObject>(); }
+Ref<Dispatch> createFileSystemObject() {
+    return makeRef<FileSystemObject>();
+}
 
 } // namespace vbs::lib

@@ -21,8 +21,7 @@ NumberFormat formatArgs(Args a) {
     return f;
 }
 
-template <std::u16string (*F)(double, const NumberFormat&)>
-Value formatted(CallContext&, Args a) {
+template <std::u16string (*F)(double, const NumberFormat&)> Value formatted(CallContext&, Args a) {
     const NumberFormat f = formatArgs(a);
     return Value(F(plain(*a[0]).toDouble(), f));
 }
@@ -35,7 +34,9 @@ Value fnFormatDateTime(CallContext&, Args a) {
     return Value(formatDate(serial, DateFormat(format)));
 }
 
-Value fnGetLocale(CallContext&, Args) { return Value(kEnglishUs); }
+Value fnGetLocale(CallContext&, Args) {
+    return Value(kEnglishUs);
+}
 
 // Only en-US exists: 1033, "en-us" and 0 (the system's) are accepted; the previous is returned.
 Value fnSetLocale(CallContext&, Args a) {
@@ -59,6 +60,8 @@ const BuiltinDef kFormatFunctions[] = {
 
 } // namespace
 
-void registerFormatFunctions(ScriptControl& control) { control.registerBuiltins(kFormatFunctions); }
+void registerFormatFunctions(ScriptControl& control) {
+    control.registerBuiltins(kFormatFunctions);
+}
 
 } // namespace vbs::lib

@@ -9,7 +9,8 @@ namespace {
 Value fnArray(CallContext&, Args a) {
     std::vector<Value> items;
     items.reserve(a.size());
-    for (Value* v : a) items.push_back(v->isMissing() ? Value() : *v);
+    for (Value* v : a)
+        items.push_back(v->isMissing() ? Value() : *v);
     return Value::makeArray(std::move(items));
 }
 
@@ -35,10 +36,18 @@ Value fnLBound(CallContext&, Args a) {
     return Value(int32_t(0));
 }
 
-Value fnIsArray(CallContext&, Args a) { return Value(a[0]->isArray()); }
-Value fnIsEmpty(CallContext&, Args a) { return Value(a[0]->isEmpty()); }
-Value fnIsNull(CallContext&, Args a) { return Value(a[0]->isNull()); }
-Value fnIsObject(CallContext&, Args a) { return Value(a[0]->isObject()); }
+Value fnIsArray(CallContext&, Args a) {
+    return Value(a[0]->isArray());
+}
+Value fnIsEmpty(CallContext&, Args a) {
+    return Value(a[0]->isEmpty());
+}
+Value fnIsNull(CallContext&, Args a) {
+    return Value(a[0]->isNull());
+}
+Value fnIsObject(CallContext&, Args a) {
+    return Value(a[0]->isObject());
+}
 
 // Numbers, Empty and Booleans are numeric; strings when they read as a number (" 12 ",
 // "&H1F", "1e3"); dates, Null, arrays and objects without a numeric default are not.
@@ -59,8 +68,12 @@ Value fnIsNumeric(CallContext&, Args a) {
     return Value(v.isNumeric());
 }
 
-Value fnTypeName(CallContext&, Args a) { return Value(a[0]->typeName()); }
-Value fnVarType(CallContext&, Args a) { return Value(int16_t(a[0]->type())); }
+Value fnTypeName(CallContext&, Args a) {
+    return Value(a[0]->typeName());
+}
+Value fnVarType(CallContext&, Args a) {
+    return Value(int16_t(a[0]->type()));
+}
 
 // Components above 255 count as 255; negative ones are an invalid call.
 Value fnRGB(CallContext&, Args a) {
@@ -73,10 +86,18 @@ Value fnRGB(CallContext&, Args a) {
     return Value(rgb);
 }
 
-Value fnScriptEngine(CallContext&, Args) { return Value(u"VBScript"); }
-Value fnScriptEngineMajorVersion(CallContext&, Args) { return Value(int32_t(5)); }
-Value fnScriptEngineMinorVersion(CallContext&, Args) { return Value(int32_t(8)); }
-Value fnScriptEngineBuildVersion(CallContext&, Args) { return Value(int32_t(16384)); }
+Value fnScriptEngine(CallContext&, Args) {
+    return Value(u"VBScript");
+}
+Value fnScriptEngineMajorVersion(CallContext&, Args) {
+    return Value(int32_t(5));
+}
+Value fnScriptEngineMinorVersion(CallContext&, Args) {
+    return Value(int32_t(8));
+}
+Value fnScriptEngineBuildVersion(CallContext&, Args) {
+    return Value(int32_t(16384));
+}
 
 const BuiltinDef kInspectionFunctions[] = {
     {u"Array", 0, -1, fnArray},

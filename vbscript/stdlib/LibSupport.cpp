@@ -3,9 +3,13 @@
 
 namespace vbs::lib {
 
-Value plain(const Value& v) { return v.isObject() ? v.defaultValue() : v; }
+Value plain(const Value& v) {
+    return v.isObject() ? v.defaultValue() : v;
+}
 
-bool isNullArg(const Value& v) { return v.isNull() || (v.isObject() && plain(v).isNull()); }
+bool isNullArg(const Value& v) {
+    return v.isNull() || (v.isObject() && plain(v).isNull());
+}
 
 Compare compareArg(Args args, size_t i, Compare fallback) {
     if (!given(args, i)) return fallback;
@@ -34,7 +38,8 @@ const std::vector<Value>& arrayItems(const Value& v) {
 Value stringArray(const std::vector<String>& items) {
     std::vector<Value> values;
     values.reserve(items.size());
-    for (const String& s : items) values.emplace_back(s);
+    for (const String& s : items)
+        values.emplace_back(s);
     return Value::makeArray(std::move(values));
 }
 

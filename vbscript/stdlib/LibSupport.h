@@ -15,9 +15,13 @@ namespace vbs::lib {
 using Args = std::span<Value*>;
 
 // An argument that was written (not omitted, not left empty between commas).
-inline bool given(Args args, size_t i) { return i < args.size() && !args[i]->isMissing(); }
+inline bool given(Args args, size_t i) {
+    return i < args.size() && !args[i]->isMissing();
+}
 
-[[noreturn]] inline void invalidCall() { raise(ErrorCode::InvalidProcedureCall); }
+[[noreturn]] inline void invalidCall() {
+    raise(ErrorCode::InvalidProcedureCall);
+}
 
 // The value itself, or an object's default property value, for functions that read data.
 Value plain(const Value& v);
@@ -42,17 +46,15 @@ Value indexArray(const Value& array, Args args);
 
 // A Dispatch whose members come from one static table (name, argument counts, handlers).
 // Derived classes provide `static std::span<const Member<Derived>> members()`.
-template <class T>
-struct Member {
+template <class T> struct Member {
     std::u16string_view name;
     int minArgs;
     int maxArgs;
-    Value (T::*get)(Args args);                      // method or property get; null = write-only
-    void (T::*let)(Args args, const Value& value);   // property let/set; null = read-only
+    Value (T::*get)(Args args);                    // method or property get; null = write-only
+    void (T::*let)(Args args, const Value& value); // property let/set; null = read-only
 };
 
-template <class T>
-class TableDispatch : public Dispatch {
+template <class T> class TableDispatch : public Dispatch {
 public:
     int memberId(std::u16string_view name) const override {
         const auto table = T::members();
@@ -80,7 +82,8 @@ public:
             // member, or into the returned array.
             Value inner = (self.*m.get)(Args{});
             if (inner.isArray()) return indexArray(inner, args);
-            Dispatch* d = inner.isObject() && inner.object() ? inner.object()->asDispatch() : nullptr;
+            Dispatch* d =
+                inner.isObject() && inner.object() ? inner.object()->asDispatch() : nullptr;
             if (!d || d->defaultMemberId() < 0) raise(ErrorCode::WrongArgumentCount);
             return d->invoke(d->defaultMemberId(), InvokeKind::PropertyGet, args);
         }

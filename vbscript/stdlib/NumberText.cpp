@@ -51,13 +51,16 @@ void roundDecimal(Decimal& d, int decimals, HalfRule rule) {
     }
     const int next = d.digitAt(kept);
     bool restNonZero = false;
-    for (size_t i = size_t(kept) + 1; i < d.digits.size(); ++i) restNonZero |= d.digits[i] != 0;
+    for (size_t i = size_t(kept) + 1; i < d.digits.size(); ++i)
+        restNonZero |= d.digits[i] != 0;
     bool up = next > 5 || (next == 5 && (restNonZero || rule == HalfRule::AwayFromZero));
     if (next == 5 && !restNonZero && rule == HalfRule::ToEven) up = d.digitAt(kept - 1) % 2 == 1;
     d.digits.resize(size_t(kept));
     for (int i = kept - 1; up && i >= 0; --i) {
-        if (++d.digits[size_t(i)] < 10) up = false;
-        else d.digits[size_t(i)] = 0;
+        if (++d.digits[size_t(i)] < 10)
+            up = false;
+        else
+            d.digits[size_t(i)] = 0;
     }
     if (up) {
         d.digits.insert(d.digits.begin(), 1);
@@ -116,7 +119,8 @@ double roundToDigits(double value, int digits) {
     Decimal d = toDecimal(value);
     roundDecimal(d, digits, HalfRule::ToEven);
     std::string text = d.negative ? "-0." : "0.";
-    for (int digit : d.digits) text += char('0' + digit);
+    for (int digit : d.digits)
+        text += char('0' + digit);
     text += "e" + std::to_string(d.pointPos);
     return std::strtod(text.c_str(), nullptr);
 }

@@ -29,7 +29,9 @@ Value fnCreateObject(CallContext&, Args a) {
 }
 
 // No running objects exist to attach to.
-Value fnGetObject(CallContext&, Args) { raise(ErrorCode::CantCreateObject); }
+Value fnGetObject(CallContext&, Args) {
+    raise(ErrorCode::CantCreateObject);
+}
 
 const BuiltinDef kObjectFunctions[] = {
     {u"CreateObject", 1, 2, fnCreateObject},

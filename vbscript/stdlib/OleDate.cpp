@@ -17,7 +17,9 @@ long long floorDiv(long long a, long long b) {
     return q;
 }
 
-long long floorMod(long long a, long long b) { return a - floorDiv(a, b) * b; }
+long long floorMod(long long a, long long b) {
+    return a - floorDiv(a, b) * b;
+}
 
 struct Civil {
     long long year;
@@ -58,7 +60,9 @@ double serialFromSeconds(long long seconds) {
     return linearToSerial(double(seconds) / double(kSecondsPerDay));
 }
 
-long long dayNumber(double serial) { return floorDiv(totalSeconds(serial), kSecondsPerDay); }
+long long dayNumber(double serial) {
+    return floorDiv(totalSeconds(serial), kSecondsPerDay);
+}
 
 std::optional<double> checked(double serial) {
     if (!inDateRange(serial)) return std::nullopt;
@@ -71,19 +75,25 @@ long long firstWeekStart(long long year, int firstDayOfWeek, int firstWeekOfYear
     const int offset = weekday(double(jan1), firstDayOfWeek) - 1;
     const long long start = jan1 - offset;
     switch (firstWeekOfYear) {
-    case 2: return (7 - offset) >= 4 ? start : start + 7;
-    case 3: return offset == 0 ? start : start + 7;
-    default: return start;
+    case 2:
+        return (7 - offset) >= 4 ? start : start + 7;
+    case 3:
+        return offset == 0 ? start : start + 7;
+    default:
+        return start;
     }
 }
 
-int normaliseFirstDay(int firstDayOfWeek) { return firstDayOfWeek == 0 ? 1 : firstDayOfWeek; }
+int normaliseFirstDay(int firstDayOfWeek) {
+    return firstDayOfWeek == 0 ? 1 : firstDayOfWeek;
+}
 
 } // namespace
 
 std::optional<Interval> parseInterval(std::u16string_view text) {
     std::u16string lower;
-    for (char16_t c : text) lower += (c >= u'A' && c <= u'Z') ? char16_t(c + 32) : c;
+    for (char16_t c : text)
+        lower += (c >= u'A' && c <= u'Z') ? char16_t(c + 32) : c;
     if (lower == u"yyyy") return Interval::Year;
     if (lower == u"q") return Interval::Quarter;
     if (lower == u"m") return Interval::Month;
@@ -151,8 +161,10 @@ int dayOfYear(double serial) {
 }
 
 std::optional<double> dateSerial(long long year, long long month, long long day) {
-    if (year >= 0 && year <= 29) year += 2000;
-    else if (year >= 30 && year <= 99) year += 1900;
+    if (year >= 0 && year <= 29)
+        year += 2000;
+    else if (year >= 30 && year <= 99)
+        year += 1900;
     const long long months = year * 12 + (month - 1);
     const long long y = floorDiv(months, 12);
     const int m = int(floorMod(months, 12)) + 1;
@@ -169,16 +181,32 @@ std::optional<double> dateAdd(Interval interval, long long number, double serial
     long long months = 0;
     long long seconds = 0;
     switch (interval) {
-    case Interval::Year: months = number * 12; break;
-    case Interval::Quarter: months = number * 3; break;
-    case Interval::Month: months = number; break;
+    case Interval::Year:
+        months = number * 12;
+        break;
+    case Interval::Quarter:
+        months = number * 3;
+        break;
+    case Interval::Month:
+        months = number;
+        break;
     case Interval::DayOfYear:
     case Interval::Day:
-    case Interval::Weekday: seconds = number * kSecondsPerDay; break;
-    case Interval::Week: seconds = number * 7 * kSecondsPerDay; break;
-    case Interval::Hour: seconds = number * 3600; break;
-    case Interval::Minute: seconds = number * 60; break;
-    case Interval::Second: seconds = number; break;
+    case Interval::Weekday:
+        seconds = number * kSecondsPerDay;
+        break;
+    case Interval::Week:
+        seconds = number * 7 * kSecondsPerDay;
+        break;
+    case Interval::Hour:
+        seconds = number * 3600;
+        break;
+    case Interval::Minute:
+        seconds = number * 60;
+        break;
+    case Interval::Second:
+        seconds = number;
+        break;
     }
     if (std::llabs(months) > 200000 || std::llabs(seconds) > 1000000LL * kSecondsPerDay)
         return std::nullopt;
@@ -202,21 +230,29 @@ long long dateDiff(Interval interval, double serial1, double serial2, int firstD
     const long long d1 = floorDiv(s1, kSecondsPerDay);
     const long long d2 = floorDiv(s2, kSecondsPerDay);
     switch (interval) {
-    case Interval::Year: return b.year - a.year;
-    case Interval::Quarter: return (b.year * 4LL + (b.month - 1) / 3) - (a.year * 4LL + (a.month - 1) / 3);
-    case Interval::Month: return (b.year * 12LL + b.month) - (a.year * 12LL + a.month);
+    case Interval::Year:
+        return b.year - a.year;
+    case Interval::Quarter:
+        return (b.year * 4LL + (b.month - 1) / 3) - (a.year * 4LL + (a.month - 1) / 3);
+    case Interval::Month:
+        return (b.year * 12LL + b.month) - (a.year * 12LL + a.month);
     case Interval::DayOfYear:
-    case Interval::Day: return d2 - d1;
-    case Interval::Weekday: return (d2 - d1) / 7;
+    case Interval::Day:
+        return d2 - d1;
+    case Interval::Weekday:
+        return (d2 - d1) / 7;
     case Interval::Week: {
         // Counts the first-days-of-week crossed, as a calendar would show them.
         const long long w1 = d1 - (weekday(serial1, firstDayOfWeek) - 1);
         const long long w2 = d2 - (weekday(serial2, firstDayOfWeek) - 1);
         return (w2 - w1) / 7;
     }
-    case Interval::Hour: return floorDiv(s2, 3600) - floorDiv(s1, 3600);
-    case Interval::Minute: return floorDiv(s2, 60) - floorDiv(s1, 60);
-    case Interval::Second: return s2 - s1;
+    case Interval::Hour:
+        return floorDiv(s2, 3600) - floorDiv(s1, 3600);
+    case Interval::Minute:
+        return floorDiv(s2, 60) - floorDiv(s1, 60);
+    case Interval::Second:
+        return s2 - s1;
     }
     return 0;
 }
@@ -224,21 +260,30 @@ long long dateDiff(Interval interval, double serial1, double serial2, int firstD
 int datePart(Interval interval, double serial, int firstDayOfWeek, int firstWeekOfYear) {
     const DateParts p = toParts(serial);
     switch (interval) {
-    case Interval::Year: return p.year;
-    case Interval::Quarter: return (p.month - 1) / 3 + 1;
-    case Interval::Month: return p.month;
-    case Interval::DayOfYear: return dayOfYear(serial);
-    case Interval::Day: return p.day;
-    case Interval::Weekday: return weekday(serial, firstDayOfWeek);
+    case Interval::Year:
+        return p.year;
+    case Interval::Quarter:
+        return (p.month - 1) / 3 + 1;
+    case Interval::Month:
+        return p.month;
+    case Interval::DayOfYear:
+        return dayOfYear(serial);
+    case Interval::Day:
+        return p.day;
+    case Interval::Weekday:
+        return weekday(serial, firstDayOfWeek);
     case Interval::Week: {
         const long long day = dayNumber(serial);
         long long start = firstWeekStart(p.year, firstDayOfWeek, firstWeekOfYear);
         if (day < start) start = firstWeekStart(p.year - 1, firstDayOfWeek, firstWeekOfYear);
         return int((day - start) / 7) + 1;
     }
-    case Interval::Hour: return p.hour;
-    case Interval::Minute: return p.minute;
-    case Interval::Second: return p.second;
+    case Interval::Hour:
+        return p.hour;
+    case Interval::Minute:
+        return p.minute;
+    case Interval::Second:
+        return p.second;
     }
     return 0;
 }

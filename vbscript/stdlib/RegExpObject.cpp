@@ -9,8 +9,7 @@ namespace vbs::lib {
 namespace {
 
 // An indexed, enumerable list of values with Count and a default Item (SubMatches and Matches).
-template <class Derived>
-class ListObject : public TableDispatch<Derived> {
+template <class Derived> class ListObject : public TableDispatch<Derived> {
 public:
     explicit ListObject(std::vector<Value> items) : m_items(std::move(items)) {}
     int defaultMemberId() const override { return this->memberId(u"Item"); }
@@ -106,10 +105,19 @@ public:
     Value ignoreCase(Args) { return Value(m_flags.ignoreCase); }
     Value global(Args) { return Value(m_global); }
     Value multiline(Args) { return Value(m_flags.multiline); }
-    void setPattern(Args, const Value& v) { m_pattern = v.toString(); m_program.reset(); }
-    void setIgnoreCase(Args, const Value& v) { m_flags.ignoreCase = v.toBoolean(); m_program.reset(); }
+    void setPattern(Args, const Value& v) {
+        m_pattern = v.toString();
+        m_program.reset();
+    }
+    void setIgnoreCase(Args, const Value& v) {
+        m_flags.ignoreCase = v.toBoolean();
+        m_program.reset();
+    }
     void setGlobal(Args, const Value& v) { m_global = v.toBoolean(); }
-    void setMultiline(Args, const Value& v) { m_flags.multiline = v.toBoolean(); m_program.reset(); }
+    void setMultiline(Args, const Value& v) {
+        m_flags.multiline = v.toBoolean();
+        m_program.reset();
+    }
 
     Value test(Args a) {
         const String subject = a[0]->toString();
@@ -148,6 +156,8 @@ private:
 
 } // namespace
 
-Ref<Dispatch> createRegExp() { return makeRef<RegExp>(); }
+Ref<Dispatch> createRegExp() {
+    return makeRef<RegExp>();
+}
 
 } // namespace vbs::lib

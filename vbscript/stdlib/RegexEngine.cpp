@@ -8,31 +8,37 @@ namespace vbs::lib {
 
 namespace {
 
-pcre2_code* codeOf(void* p) { return static_cast<pcre2_code*>(p); }
+pcre2_code* codeOf(void* p) {
+    return static_cast<pcre2_code*>(p);
+}
 
 PCRE2_SPTR units(std::u16string_view text) {
     return reinterpret_cast<PCRE2_SPTR>(text.data());
 }
 
 struct MatchData {
-    explicit MatchData(pcre2_code* code) : data(pcre2_match_data_create_from_pattern(code, nullptr)) {}
+    explicit MatchData(pcre2_code* code)
+        : data(pcre2_match_data_create_from_pattern(code, nullptr)) {}
     ~MatchData() { pcre2_match_data_free(data); }
     pcre2_match_data* data;
 };
 
 } // namespace
 
-RegexProgram::RegexProgram(void* code, size_t groupCount) : m_code(code), m_groupCount(groupCount) {}
+RegexProgram::RegexProgram(void* code, size_t groupCount)
+    : m_code(code), m_groupCount(groupCount) {}
 
-RegexProgram::~RegexProgram() { pcre2_code_free(codeOf(m_code)); }
+RegexProgram::~RegexProgram() {
+    pcre2_code_free(codeOf(m_code));
+}
 
 std::shared_ptr<const RegexProgram> RegexProgram::compile(std::u16string_view pattern, Flags flags,
                                                           std::u16string* error) {
     // JScript's reading of a pattern: \uXXXX escapes, [] and [^] allowed, a reference to a group
     // that has not matched matches nothing, "$" only at the very end unless multi-line, and
     // CR or LF end a line. Code units are characters, so lone surrogates are fine.
-    uint32_t options = PCRE2_ALT_BSUX | PCRE2_ALLOW_EMPTY_CLASS | PCRE2_MATCH_UNSET_BACKREF |
-                       PCRE2_DOLLAR_ENDONLY;
+    uint32_t options =
+        PCRE2_ALT_BSUX | PCRE2_ALLOW_EMPTY_CLASS | PCRE2_MATCH_UNSET_BACKREF | PCRE2_DOLLAR_ENDONLY;
     if (flags.ignoreCase) options |= PCRE2_CASELESS;
     if (flags.multiline) options |= PCRE2_MULTILINE;
     pcre2_compile_context* context = pcre2_compile_context_create(nullptr);
@@ -59,15 +65,17 @@ std::shared_ptr<const RegexProgram> RegexProgram::compile(std::u16string_view pa
 std::optional<RegexMatch> RegexProgram::matchFrom(std::u16string_view subject, size_t start) const {
     if (start > subject.size()) return std::nullopt;
     MatchData match(codeOf(m_code));
-    const int rc = pcre2_match(codeOf(m_code), units(subject), subject.size(), start, 0,
-                               match.data, nullptr);
+    const int rc =
+        pcre2_match(codeOf(m_code), units(subject), subject.size(), start, 0, match.data, nullptr);
     if (rc < 0) return std::nullopt;
     const PCRE2_SIZE* ovector = pcre2_get_ovector_pointer(match.data);
     RegexMatch result;
     result.whole = {ovector[0], ovector[1] - ovector[0]};
     for (size_t i = 1; i <= m_groupCount; ++i) {
-        if (int(i) >= rc || ovector[2 * i] == PCRE2_UNSET) result.groups.emplace_back();
-        else result.groups.push_back(RegexSpan{ovector[2 * i], ovector[2 * i + 1] - ovector[2 * i]});
+        if (int(i) >= rc || ovector[2 * i] == PCRE2_UNSET)
+            result.groups.emplace_back();
+        else
+            result.groups.push_back(RegexSpan{ovector[2 * i], ovector[2 * i + 1] - ovector[2 * i]});
     }
     return result;
 }
@@ -135,7 +143,8 @@ std::u16string expandReplacement(std::u16string_view replacement, std::u16string
                 out += c;
                 continue;
             }
-            if (const auto& g = match.groups[n - 1]) out.append(subject.substr(g->index, g->length));
+            if (const auto& g = match.groups[n - 1])
+                out.append(subject.substr(g->index, g->length));
             i += used;
             continue;
         } else {

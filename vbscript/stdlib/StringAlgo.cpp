@@ -16,8 +16,7 @@ bool unitsEqual(char16_t a, char16_t b, Compare compare) {
     return a == b || (compare == Compare::Text && foldLower(a) == foldLower(b));
 }
 
-bool matchesAt(std::u16string_view text, size_t pos, std::u16string_view needle,
-               Compare compare) {
+bool matchesAt(std::u16string_view text, size_t pos, std::u16string_view needle, Compare compare) {
     if (pos + needle.size() > text.size()) return false;
     for (size_t i = 0; i < needle.size(); ++i)
         if (!unitsEqual(text[pos + i], needle[i], compare)) return false;
@@ -91,13 +90,15 @@ char16_t foldUpper(char16_t c) {
 
 std::u16string toLower(std::u16string_view text) {
     std::u16string out(text);
-    for (char16_t& c : out) c = foldLower(c);
+    for (char16_t& c : out)
+        c = foldLower(c);
     return out;
 }
 
 std::u16string toUpper(std::u16string_view text) {
     std::u16string out(text);
-    for (char16_t& c : out) c = foldUpper(c);
+    for (char16_t& c : out)
+        c = foldUpper(c);
     return out;
 }
 
@@ -115,8 +116,7 @@ int compareStrings(std::u16string_view a, std::u16string_view b, Compare compare
     return a.size() < b.size() ? -1 : 1;
 }
 
-long inStr(long start, std::u16string_view haystack, std::u16string_view needle,
-           Compare compare) {
+long inStr(long start, std::u16string_view haystack, std::u16string_view needle, Compare compare) {
     if (haystack.empty() || start > long(haystack.size())) return 0;
     if (needle.empty()) return start;
     const size_t pos = findFrom(haystack, needle, size_t(start - 1), compare);
@@ -135,8 +135,8 @@ long inStrRev(std::u16string_view haystack, std::u16string_view needle, long sta
     return 0;
 }
 
-std::u16string replace(std::u16string_view text, std::u16string_view find,
-                       std::u16string_view with, long start, long count, Compare compare) {
+std::u16string replace(std::u16string_view text, std::u16string_view find, std::u16string_view with,
+                       long start, long count, Compare compare) {
     if (start > long(text.size())) return {};
     const std::u16string_view rest = text.substr(size_t(start - 1));
     if (find.empty() || count == 0) return std::u16string(rest);
@@ -195,8 +195,8 @@ std::u16string escape(std::u16string_view text) {
     std::u16string out;
     for (char16_t c : text) {
         const bool plain = (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') ||
-                           (c >= u'0' && c <= u'9') || std::u16string_view(u"@*_+-./").find(c) !=
-                                                           std::u16string_view::npos;
+                           (c >= u'0' && c <= u'9') ||
+                           std::u16string_view(u"@*_+-./").find(c) != std::u16string_view::npos;
         if (plain) {
             out += c;
         } else if (c < 256) {
@@ -205,7 +205,8 @@ std::u16string escape(std::u16string_view text) {
             out += kDigits[c & 15];
         } else {
             out += u"%u";
-            for (int shift = 12; shift >= 0; shift -= 4) out += kDigits[(c >> shift) & 15];
+            for (int shift = 12; shift >= 0; shift -= 4)
+                out += kDigits[(c >> shift) & 15];
         }
     }
     return out;

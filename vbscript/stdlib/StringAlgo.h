@@ -27,8 +27,8 @@ long inStrRev(std::u16string_view haystack, std::u16string_view needle, long sta
               Compare compare);
 
 // Replace: the result begins at start (1-based); count -1 replaces every occurrence.
-std::u16string replace(std::u16string_view text, std::u16string_view find,
-                       std::u16string_view with, long start, long count, Compare compare);
+std::u16string replace(std::u16string_view text, std::u16string_view find, std::u16string_view with,
+                       long start, long count, Compare compare);
 
 // Split: limit -1 for all pieces; the last piece holds the rest when the limit is reached.
 std::vector<std::u16string> split(std::u16string_view text, std::u16string_view delimiter,

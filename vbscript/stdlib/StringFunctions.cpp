@@ -121,8 +121,12 @@ Value inStrCommon(Args a, bool bytes) {
     return Value(int32_t(inStr(start, h, n, bytes ? Compare::Binary : compare)));
 }
 
-Value fnInStr(CallContext&, Args a) { return inStrCommon(a, false); }
-Value fnInStrB(CallContext&, Args a) { return inStrCommon(a, true); }
+Value fnInStr(CallContext&, Args a) {
+    return inStrCommon(a, false);
+}
+Value fnInStrB(CallContext&, Args a) {
+    return inStrCommon(a, true);
+}
 
 Value fnInStrRev(CallContext&, Args a) {
     const long start = longArg(a, 2, -1);
@@ -158,7 +162,9 @@ Value fnTrim(CallContext&, Args a) {
     return Value(trimRight(trimLeft(s)));
 }
 
-Value fnSpace(CallContext&, Args a) { return Value(String(builtLength(*a[0]), u' ')); }
+Value fnSpace(CallContext&, Args a) {
+    return Value(String(builtLength(*a[0]), u' '));
+}
 
 Value fnString(CallContext&, Args a) {
     const size_t n = builtLength(*a[0]);
@@ -219,7 +225,8 @@ Value fnFilter(CallContext&, Args a) {
     const bool include = boolArg(a, 2, true);
     const Compare compare = compareArg(a, 3);
     std::vector<String> items;
-    for (const Value& item : arrayItems(*a[0])) items.push_back(item.toString());
+    for (const Value& item : arrayItems(*a[0]))
+        items.push_back(item.toString());
     return stringArray(filter(items, value, include, compare));
 }
 
@@ -291,6 +298,8 @@ const BuiltinDef kStringFunctions[] = {
 
 } // namespace
 
-void registerStringFunctions(ScriptControl& control) { control.registerBuiltins(kStringFunctions); }
+void registerStringFunctions(ScriptControl& control) {
+    control.registerBuiltins(kStringFunctions);
+}
 
 } // namespace vbs::lib

@@ -29,7 +29,8 @@ public:
             if (!in) raise(ErrorCode::FileNotFound);
             m_text = decodeText(std::string(std::istreambuf_iterator<char>(in), {}));
         } else {
-            const auto flags = std::ios::binary | (mode == IoMode::Appending ? std::ios::app : std::ios::trunc);
+            const auto flags =
+                std::ios::binary | (mode == IoMode::Appending ? std::ios::app : std::ios::trunc);
             m_out.open(native, flags);
             if (!m_out) raise(ErrorCode::PermissionDenied);
         }
@@ -57,7 +58,8 @@ public:
         requireReading();
         if (m_pos >= m_text.size()) raise(ErrorCode::InputPastEndOfFile);
         size_t end = m_pos;
-        while (end < m_text.size() && m_text[end] != u'\n' && m_text[end] != u'\r') ++end;
+        while (end < m_text.size() && m_text[end] != u'\n' && m_text[end] != u'\r')
+            ++end;
         String lineText = m_text.substr(m_pos, end - m_pos);
         m_pos = end;
         skipLineEnd();
@@ -68,7 +70,8 @@ public:
         requireReading();
         if (m_pos >= m_text.size()) raise(ErrorCode::InputPastEndOfFile);
         String rest = m_text.substr(m_pos);
-        for (char16_t c : rest) m_line += c == u'\n';
+        for (char16_t c : rest)
+            m_line += c == u'\n';
         m_pos = m_text.size();
         return Value(std::move(rest));
     }
@@ -79,7 +82,8 @@ public:
         if (n < 0) invalidCall();
         if (m_pos >= m_text.size()) raise(ErrorCode::InputPastEndOfFile);
         String part = m_text.substr(m_pos, size_t(n));
-        for (char16_t c : part) m_line += c == u'\n';
+        for (char16_t c : part)
+            m_line += c == u'\n';
         m_pos += part.size();
         return Value(std::move(part));
     }
@@ -115,7 +119,8 @@ public:
         const int32_t n = a[0]->toLong();
         if (n < 0) invalidCall();
         String lines;
-        for (int32_t i = 0; i < n; ++i) lines += u"\r\n";
+        for (int32_t i = 0; i < n; ++i)
+            lines += u"\r\n";
         put(lines);
         return Value();
     }
@@ -133,7 +138,8 @@ private:
 
     void put(const String& text) {
         if (m_closed || m_mode == IoMode::Reading) raise(ErrorCode::BadFileMode);
-        for (char16_t c : text) m_line += c == u'\n';
+        for (char16_t c : text)
+            m_line += c == u'\n';
         m_out << toUtf8(text);
         if (!m_out) raise(ErrorCode::DeviceIoError);
     }
