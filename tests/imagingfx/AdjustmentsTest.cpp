@@ -45,6 +45,7 @@ TEST(Adjustments, PosterizeKeepsTheGivenNumberOfTones) {
     EXPECT_EQ(pixel(out, 100, 0)[0], 85);
     EXPECT_EQ(pixel(out, 255, 0)[0], 255);
     EXPECT_EQ(distinctTones(fx::Posterize(rampX(256, 4), 64)), 64);
+    EXPECT_LE(distinctTones(fx::Posterize(photo(), 3)), 3);
     expectBadArgument([] { fx::Posterize(photo(), 1); }, "Posterize", "levels must be 2 to 64");
     expectBadArgument([] { fx::Posterize(photo(), 65); }, "Posterize", "(got 65)");
 }
@@ -76,6 +77,10 @@ TEST(Adjustments, ReplaceColorsChangesOnlyTheColourBox) {
                                    fx::makeColour(0, 255, 0));
     EXPECT_EQ(pixel(out, 2, 2), (std::vector<double>{0, 255, 0}));
     EXPECT_EQ(pixel(out, 15, 2), (std::vector<double>{30, 30, 200}));
+    // On the photo: the blue sky (red 80+, green 100+, blue 120+) turns red, the dark ground stays.
+    VImage sky = fx::ReplaceColors(photo(), fx::makeColour(80, 100, 120), 0xFFFFFF, 0xFF);
+    EXPECT_EQ(pixel(sky, 5, 5), (std::vector<double>{255, 0, 0}));
+    EXPECT_EQ(pixel(sky, 20, 150), pixel(photo(), 20, 150));
     VImage same = fx::ReplaceColors(photo(), 0x010101, 0x000000, 0xFF); // empty box
     EXPECT_EQ(maxDiff(same, photo()), 0);
     expectBadArgument([] { fx::ReplaceColors(photo(), -1, 0, 0); }, "ReplaceColors",
@@ -112,6 +117,11 @@ TEST(Adjustments, ButtonizeLightensTopLeftAndDarkensBottomRight) {
     VImage sunken = fx::Buttonize(in, 5, 1, 50);
     EXPECT_LT(pixel(sunken, 30, 1)[0], 60);
     EXPECT_GT(pixel(sunken, 30, 38)[0], 150);
+    const VImage& p = photo();
+    VImage button = fx::Buttonize(p, 8, 0, 40);
+    EXPECT_GT(button.crop(0, 0, 240, 8).avg(), p.crop(0, 0, 240, 8).avg() + 20);
+    EXPECT_LT(button.crop(0, 152, 240, 8).avg(), p.crop(0, 152, 240, 8).avg() * 0.7);
+    EXPECT_EQ(maxDiff(button.crop(8, 8, 224, 144), p.crop(8, 8, 224, 144)), 0);
     expectBadArgument([&] { fx::Buttonize(in, 21, 0, 50); }, "Buttonize",
                       "width must be at most half the shorter side");
     expectBadArgument([&] { fx::Buttonize(in, 5, 2, 50); }, "Buttonize",

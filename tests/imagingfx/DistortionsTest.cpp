@@ -53,6 +53,7 @@ TEST(Distortions, RippleDisplacesAcrossItsDirection) {
     EXPECT_LE(maxDiff(fx::Ripple(ramp, 10, 40, 0), ramp), 1);
     EXPECT_GT(maxDiff(fx::Ripple(ramp, 10, 40, 1), ramp), 8);
     EXPECT_GT(maxDiff(fx::Ripple(ramp, 10, 40, 2), ramp), 8);
+    EXPECT_GT((fx::Ripple(photo(), 4, 30, 0).cast(VIPS_FORMAT_FLOAT) - photo()).abs().avg(), 3);
     expectBadArgument([&] { fx::Ripple(ramp, 10, 1, 0); }, "Ripple",
                       "wavelength must be 2 to 1000");
     expectBadArgument([&] { fx::Ripple(ramp, 10, 40, 3); }, "Ripple", "direction must be 0 to 2");

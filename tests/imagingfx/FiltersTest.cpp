@@ -84,6 +84,9 @@ TEST(Filters, NoiseHasTheDocumentedStrengthAndKind) {
     VImage colour = fx::Noise(grey, 50, 1);
     EXPECT_GT(maxDiff(colour.extract_band(0), colour.extract_band(1)), 20);
     EXPECT_EQ(maxDiff(fx::Noise(grey, 0, 1), grey), 0);
+    VImage noisy = fx::Noise(photo(), 50, 0);
+    EXPECT_GT((noisy.cast(VIPS_FORMAT_FLOAT) - photo()).abs().avg(), 10);
+    EXPECT_GT(detailX(noisy), detailX(photo()) * 2);
     expectBadArgument([&] { fx::Noise(grey, 101, 0); }, "Noise", "amount must be 0 to 100");
     expectBadArgument([&] { fx::Noise(grey, 10, 2); }, "Noise", "kind must be 0 to 1");
 }
@@ -96,6 +99,9 @@ TEST(Filters, EmbossGivesGreyReliefAroundMidGrey) {
 
 TEST(Filters, OutlineDrawsDarkEdgesOnWhite) {
     EXPECT_EQ(fx::Outline(flat(40, 30, 10, 200, 90)).min(), 255);
+    VImage traced = fx::Outline(photo());
+    EXPECT_GT(traced.avg(), 200); // mostly white paper
+    EXPECT_LT(traced.min(), 60);  // with dark lines where the photo has edges
     VImage edge = flat(40, 30, 0, 0, 0).insert(flat(20, 30, 255, 255, 255), 20, 0);
     VImage out = fx::Outline(edge);
     EXPECT_LT(pixel(out, 20, 15)[0], 10);
