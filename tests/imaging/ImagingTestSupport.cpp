@@ -12,6 +12,9 @@ namespace testsupport {
 namespace fs = std::filesystem;
 using vips::VImage;
 
+// Tests call libvips directly (to make and inspect photos) before any control exists.
+const bool vipsStarted = (imaging::ensureVipsStarted(), true);
+
 TempDir::TempDir() {
     std::random_device rd;
     m_path = fs::temp_directory_path() / ("vantorel-test-" + std::to_string(rd()));
