@@ -86,6 +86,13 @@ Listing listFolder(const fs::path& dir) {
     return listing;
 }
 
+bool matchFrom(const QString& name, qsizetype n, const QString& pattern, qsizetype p);
+
+// "*.*" matches every name, with or without a dot, as on the original platform.
+QString foldedPattern(const QString& pattern) {
+    return pattern == u"*.*" ? QStringLiteral("*") : pattern.toCaseFolded();
+}
+
 void enumerateInto(QStringList& out, const QString& folder, const QStringList& patterns,
                    bool includeSubfolders, std::set<fs::path>& visited) {
     const QString base = AddBackslash(folder);
@@ -95,9 +102,12 @@ void enumerateInto(QStringList& out, const QString& folder, const QStringList& p
     const fs::path identity = fs::canonical(dir, ec);
     if (!ec && !visited.insert(identity).second) return;
     const Listing listing = listFolder(dir);
+    QStringList folded;
+    for (const QString& name : listing.files) folded.append(name.toCaseFolded());
     for (const QString& pattern : patterns) {
-        for (const QString& name : listing.files)
-            if (matchesPattern(name, pattern)) out.append(base + name);
+        const QString p = foldedPattern(pattern);
+        for (qsizetype i = 0; i < listing.files.size(); ++i)
+            if (matchFrom(folded[i], 0, p, 0)) out.append(base + listing.files[i]);
     }
     if (!includeSubfolders) return;
     for (const QString& sub : listing.folders)
@@ -210,8 +220,7 @@ QString GetExtension(const QString& path) {
 
 bool matchesPattern(const QString& name, const QString& pattern) {
     if (pattern.isEmpty()) return false;
-    const QString p = pattern == u"*.*" ? QStringLiteral("*") : pattern.toCaseFolded();
-    return matchFrom(name.toCaseFolded(), 0, p, 0);
+    return matchFrom(name.toCaseFolded(), 0, foldedPattern(pattern), 0);
 }
 
 QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool includeSubfolders) {
