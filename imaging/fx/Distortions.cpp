@@ -25,6 +25,29 @@ Offsets offsetsFrom(const VImage& image, double cx, double cy) {
     return {xy.extract_band(0) - cx, xy.extract_band(1) - cy};
 }
 
+// The square round the centred disc that Swirl and Pinch move; outside it nothing changes, so
+// only this window is resampled (a quarter of a 4:3 photo is spared).
+struct Window {
+    int left, top, width, height;
+    double cx, cy, limit;
+
+    static Window aroundDisc(const VImage& image) {
+        Window w;
+        w.cx = (image.width() - 1) / 2.0;
+        w.cy = (image.height() - 1) / 2.0;
+        w.limit = std::min(image.width(), image.height()) / 2.0;
+        w.left = std::max(0, int(std::floor(w.cx - w.limit)));
+        w.top = std::max(0, int(std::floor(w.cy - w.limit)));
+        w.width = std::min(image.width(), int(std::ceil(w.cx + w.limit)) + 1) - w.left;
+        w.height = std::min(image.height(), int(std::ceil(w.cy + w.limit)) + 1) - w.top;
+        return w;
+    }
+    Offsets offsets() const {
+        VImage xy = VImage::xyz(width, height).cast(VIPS_FORMAT_FLOAT);
+        return {xy.extract_band(0) + (left - cx), xy.extract_band(1) + (top - cy)};
+    }
+};
+
 VImage radius(const Offsets& o) {
     return (o.dx * o.dx + o.dy * o.dy).pow(0.5);
 }
@@ -107,10 +130,9 @@ VImage warp(const char* member, const VImage& image, const std::array<Point, 4>&
 VImage Swirl(const VImage& image, double angle) {
     checkArgument("Swirl", "angle", angle);
     return guarded("Swirl", [&] {
-        double cx = (image.width() - 1) / 2.0, cy = (image.height() - 1) / 2.0;
-        Offsets t = swirled(offsetsFrom(image, cx, cy), angle,
-                            std::min(image.width(), image.height()) / 2.0);
-        return resample(image, t.dx + cx, t.dy + cy, true);
+        Window w = Window::aroundDisc(image);
+        Offsets t = swirled(w.offsets(), angle, w.limit);
+        return image.insert(resample(image, t.dx + w.cx, t.dy + w.cy, true), w.left, w.top);
     });
 }
 
@@ -131,15 +153,15 @@ VImage Pinch(const VImage& image, int amount) {
     checkArgument("Pinch", "amount", amount);
     if (amount == 0) return image;
     return guarded("Pinch", [&] {
-        double cx = (image.width() - 1) / 2.0, cy = (image.height() - 1) / 2.0;
-        double limit = std::min(image.width(), image.height()) / 2.0;
-        Offsets o = offsetsFrom(image, cx, cy);
+        Window w = Window::aroundDisc(image);
+        double limit = w.limit;
+        Offsets o = w.offsets();
         VImage r = radius(o);
         // sin(90 r / limit) runs from 0 at the centre to 1 at the rim: a power above 1 of its
         // inverse pulls samples from further out (pinch), below 1 from nearer (bulge).
         VImage scale = ((r / limit * 90).sin() + 1e-6).pow(-amount / 100.0);
         VImage f = (r < limit).ifthenelse(scale, 1.0);
-        return resample(image, o.dx * f + cx, o.dy * f + cy, true);
+        return image.insert(resample(image, o.dx * f + w.cx, o.dy * f + w.cy, true), w.left, w.top);
     });
 }
 
