@@ -50,8 +50,7 @@ Engine::Engine(ScriptControl& control)
 Engine::~Engine()
 {
     // Release script objects while the engine still runs their Class_Terminate.
-    for (auto& g : m_globals)
-        g.value.clear();
+    m_globals.forEach([](GlobalSlot& g) { g.value.clear(); });
     *m_alive = false;
     m_globals.clear();
 }
@@ -69,8 +68,7 @@ int Engine::globalSlot(std::u16string_view name)
     if (it != m_globalIndex.end())
         return it->second;
     const int slot = int(m_globals.size());
-    m_globals.emplace_back();
-    m_globals.back().name = String(name);
+    m_globals.emplace_back().name = String(name);
     m_globalIndex.emplace(std::move(key), slot);
     return slot;
 }
@@ -100,8 +98,7 @@ void Engine::addObject(const String& name, Ref<Dispatch> object)
 
 void Engine::reset()
 {
-    for (auto& g : m_globals)
-        g.value.clear();
+    m_globals.forEach([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();
     m_globalIndex.clear();
     m_programs.clear();

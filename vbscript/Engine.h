@@ -6,7 +6,6 @@
 #include "Host.h"
 #include "ScriptControl.h"
 
-#include <deque>
 #include <memory>
 #include <unordered_map>
 
@@ -24,6 +23,35 @@ struct GlobalSlot {
     const BuiltinDef* builtin = nullptr;
     ClassDef* cls = nullptr;
     std::shared_ptr<Program> program; // keeps a class or procedure alive
+};
+
+// Global slots never move once made (ByRef arguments point at them), and indexing stays cheap.
+class GlobalTable {
+public:
+    GlobalSlot& operator[](size_t i) { return m_chunks[i >> kShift][i & kMask]; }
+    size_t size() const { return m_size; }
+    GlobalSlot& emplace_back()
+    {
+        if ((m_size & kMask) == 0)
+            m_chunks.push_back(std::make_unique<GlobalSlot[]>(kMask + 1));
+        return (*this)[m_size++];
+    }
+    void clear()
+    {
+        m_chunks.clear();
+        m_size = 0;
+    }
+    template <class Fn>
+    void forEach(Fn&& fn)
+    {
+        for (size_t i = 0; i < m_size; ++i)
+            fn((*this)[i]);
+    }
+
+private:
+    static constexpr size_t kShift = 6, kMask = (size_t(1) << kShift) - 1;
+    std::vector<std::unique_ptr<GlobalSlot[]>> m_chunks;
+    size_t m_size = 0;
 };
 
 // One activation of a procedure (or of top-level code).
@@ -93,6 +121,8 @@ private:
     Flow execDo(const DoStmt* s);
     Flow execSelect(const SelectStmt* s);
     void execAssign(const AssignStmt* s);
+    bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
+    Value* plainArray(const Expr* e);
     void execDim(const DimStmt* s);
     void execErase(const EraseStmt* s);
     void locate(ScriptError& e, int line, int column);
@@ -121,7 +151,7 @@ private:
     Host* m_host;
     RandomState m_random;
     Ref<ErrObject> m_err;
-    std::deque<GlobalSlot> m_globals;
+    GlobalTable m_globals;
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset
     std::vector<std::pair<String, Value>> m_constants;

@@ -4,6 +4,8 @@
 #include "ClassInstance.h"
 #include "Operators.h"
 
+#include <cmath>
+
 namespace vbs {
 
 namespace {
@@ -25,6 +27,13 @@ Value fitInt(int64_t r, bool bothInteger)
     if (r >= INT32_MIN && r <= INT32_MAX)
         return Value(int32_t(r));
     return Value(double(r));
+}
+
+Value checkedDouble(double d)
+{
+    if (!std::isfinite(d))
+        raise(ErrorCode::Overflow);
+    return Value(d);
 }
 
 String nameOf(const Expr* e)
@@ -60,7 +69,13 @@ Value Engine::eval(const Expr* e)
         return *m_frame->refs[static_cast<const NameExpr*>(e)->slot];
     case ExprKind::Field:
         return m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
-    case ExprKind::Global: case ExprKind::Implicit:
+    case ExprKind::Global: {
+        const GlobalSlot& g = global(static_cast<const NameExpr*>(e)->slot);
+        if (g.kind == GlobalSlot::Kind::Variable)
+            return g.value;
+        return evalName(static_cast<const NameExpr*>(e));
+    }
+    case ExprKind::Implicit:
         return evalName(static_cast<const NameExpr*>(e));
     case ExprKind::MeMember:
         return callMeMember(static_cast<const NameExpr*>(e)->slot, {}, false);
@@ -111,13 +126,25 @@ Value Engine::evalBinary(const BinaryExpr* e)
             if (y == 0)
                 raise(ErrorCode::DivisionByZero);
             return fitInt(x / y, bothInteger);
+        case ExprKind::Div:
+            if (y == 0)
+                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
+            return Value(double(x) / double(y));
         default:
             break;
         }
-    } else if (lt == VarType::Double && rt == VarType::Double) {
-        const double x = l.rawDouble(), y = r.rawDouble();
+    } else if ((lt == VarType::Double || isInt(lt)) && (rt == VarType::Double || isInt(rt))) {
+        // At least one Double: the result is a Double (or a comparison).
+        const double x = lt == VarType::Double ? l.rawDouble() : double(rawInt(l));
+        const double y = rt == VarType::Double ? r.rawDouble() : double(rawInt(r));
         switch (e->kind) {
-        case ExprKind::Add: return ops::add(l, r);
+        case ExprKind::Add: return checkedDouble(x + y);
+        case ExprKind::Sub: return checkedDouble(x - y);
+        case ExprKind::Mul: return checkedDouble(x * y);
+        case ExprKind::Div:
+            if (y == 0)
+                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
+            return checkedDouble(x / y);
         case ExprKind::Lt: return Value(x < y);
         case ExprKind::Gt: return Value(x > y);
         case ExprKind::Le: return Value(x <= y);

@@ -76,6 +76,20 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgLis
 Value Engine::evalCall(const CallExpr* c, bool statement)
 {
     const Expr* t = c->target.get();
+    if (c->args.size() == 1 && c->args[0]) {
+        // a(i) on a one-dimensional array in a plain variable.
+        if (const Value* arr = plainArray(t); arr && arr->array()->counts.size() == 1) {
+            const Value iv = eval(c->args[0].get());
+            const int32_t i = iv.type() == VarType::Integer ? iv.rawInteger()
+                : iv.type() == VarType::Long ? iv.rawLong() : iv.toLong();
+            arr = plainArray(t);
+            if (!arr || arr->array()->counts.size() != 1)
+                raise(ErrorCode::TypeMismatch);
+            if (i < 0 || i >= arr->array()->counts[0])
+                raise(ErrorCode::SubscriptOutOfRange);
+            return arr->array()->items[size_t(i)];
+        }
+    }
     ArgList args;
     switch (t->kind) {
     case ExprKind::Global:

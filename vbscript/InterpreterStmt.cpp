@@ -132,14 +132,81 @@ void Engine::execAssign(const AssignStmt* s)
         }
         return;
     }
-    assignTo(s->target.get(), eval(s->value.get()), s->isSet);
+    const Expr* t = s->target.get();
+    if (!s->isSet && t->kind == ExprKind::Call && assignElementFast(static_cast<const CallExpr*>(t), s->value.get()))
+        return;
+    if (!s->isSet && (t->kind == ExprKind::Local || t->kind == ExprKind::Global)) {
+        // Plain variables take the short way unless the value is an object (default member).
+        Value v = eval(s->value.get());
+        if (!v.isObject()) {
+            if (t->kind == ExprKind::Local) {
+                m_frame->vars[static_cast<const NameExpr*>(t)->slot] = std::move(v);
+                return;
+            }
+            GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
+            if (g.kind == GlobalSlot::Kind::Variable) {
+                g.value = std::move(v);
+                return;
+            }
+        }
+        assignTo(t, std::move(v), false);
+        return;
+    }
+    assignTo(t, eval(s->value.get()), s->isSet);
 }
 
 namespace {
 
-enum class NumKind { Int, Double };
+int32_t indexOf(const Value& v)
+{
+    if (v.type() == VarType::Integer)
+        return v.rawInteger();
+    if (v.type() == VarType::Long)
+        return v.rawLong();
+    return v.toLong();
+}
 
 } // namespace
+
+Value* Engine::plainArray(const Expr* e)
+{
+    if (e->kind == ExprKind::Local) {
+        Value* v = &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+        return v->isArray() ? v : nullptr;
+    }
+    if (e->kind == ExprKind::Global) {
+        GlobalSlot& g = global(static_cast<const NameExpr*>(e)->slot);
+        return g.kind == GlobalSlot::Kind::Variable && g.value.isArray() ? &g.value : nullptr;
+    }
+    return nullptr;
+}
+
+// a(i) = v for a one-dimensional array in a plain variable; false when another path is needed.
+bool Engine::assignElementFast(const CallExpr* c, const Expr* valueExpr)
+{
+    if (c->args.size() != 1 || !c->args[0])
+        return false;
+    Value* var = plainArray(c->target.get());
+    if (!var || var->array()->counts.size() != 1)
+        return false;
+    const int32_t i = indexOf(eval(c->args[0].get()));
+    Value v = eval(valueExpr);
+    if (v.isObject())
+        v = v.defaultValue();
+    var = plainArray(c->target.get()); // evaluating may have changed the variable
+    if (!var || var->array()->counts.size() != 1)
+        raise(ErrorCode::TypeMismatch);
+    if (i < 0 || i >= var->array()->counts[0])
+        raise(ErrorCode::SubscriptOutOfRange);
+    ArrayRep* rep = ValueAccess::unshareArray(*var);
+    if (rep->plain && !v.isRefCounted()) {
+        ValueAccess::overwritePlain(rep->items[size_t(i)], std::move(v));
+    } else {
+        rep->plain = false;
+        rep->items[size_t(i)] = std::move(v);
+    }
+    return true;
+}
 
 Flow Engine::execFor(const ForStmt* s)
 {
@@ -302,7 +369,8 @@ void Engine::execDim(const DimStmt* s)
             for (size_t d = 0; d + 1 < counts.size() && !old->counts.empty(); ++d)
                 if (old->counts[d] != counts[d])
                     raise(ErrorCode::SubscriptOutOfRange);
-            ArrayRep* rep = fresh.mutableArray();
+            ArrayRep* rep = ValueAccess::unshareArray(fresh);
+            rep->plain = old->plain;
             const size_t keep = std::min(old->items.size(), rep->items.size());
             for (size_t i = 0; i < keep; ++i)
                 rep->items[i] = old->items[i];

@@ -38,6 +38,7 @@ Value Value::makeArray(std::vector<int32_t> counts)
 Value Value::makeArray(std::vector<Value> items)
 {
     auto* rep = new ArrayRep;
+    rep->plain = false;
     rep->counts = {int32_t(items.size())};
     rep->items = std::move(items);
     return ValueAccess::fromArrayRep(rep);
@@ -49,14 +50,22 @@ void Value::releaseArray() noexcept
         delete m_u.a;
 }
 
+ArrayRep* ValueAccess::unshareArray(Value& v)
+{
+    ArrayRep*& a = v.m_u.a;
+    if (a->refs > 1) {
+        auto* copy = new ArrayRep{1, a->fixed, 0, a->plain, a->counts, a->items};
+        --a->refs;
+        a = copy;
+    }
+    return a;
+}
+
 ArrayRep* Value::mutableArray()
 {
-    if (m_u.a->refs > 1) {
-        auto* copy = new ArrayRep{1, m_u.a->fixed, 0, m_u.a->counts, m_u.a->items};
-        --m_u.a->refs;
-        m_u.a = copy;
-    }
-    return m_u.a;
+    ArrayRep* rep = ValueAccess::unshareArray(*this);
+    rep->plain = false;
+    return rep;
 }
 
 void ValueAccess::appendString(Value& v, std::u16string_view text)

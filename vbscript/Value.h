@@ -4,6 +4,7 @@
 #include "Object.h"
 #include "ScriptError.h"
 
+#include <bit>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -43,6 +44,10 @@ struct ArrayRep {
     int32_t refs = 1;
     bool fixed = false;       // Dim a(n): ReDim and Erase-to-empty are not allowed
     int32_t locks = 0;        // For Each over the array holds a lock
+    // No item is a string, object or array: an item can then be overwritten without releasing
+    // the old one (and so without reading it from memory first). Writers through
+    // Value::mutableArray() clear it.
+    bool plain = true;
     std::vector<int32_t> counts; // elements per dimension (upper bound + 1)
     std::vector<Value> items;
 };
@@ -52,10 +57,12 @@ public:
     static constexpr int32_t kMissingCode = int32_t(0x80020004u);
 
     Value() noexcept { m_u.i64 = 0; }
-    Value(bool b) noexcept : m_type(VarType::Boolean) { m_u.i64 = 0; m_u.b = b; }
-    Value(int16_t i) noexcept : m_type(VarType::Integer) { m_u.i64 = 0; m_u.i16 = i; }
-    Value(int32_t i) noexcept : m_type(VarType::Long) { m_u.i64 = 0; m_u.i32 = i; }
-    Value(float f) noexcept : m_type(VarType::Single) { m_u.i64 = 0; m_u.f = f; }
+    // The payload is always written as a whole 8-byte word: a narrow write followed by a wide
+    // copy would stall the store forwarding on every assignment.
+    Value(bool b) noexcept : m_type(VarType::Boolean) { m_u.i64 = b ? 1 : 0; }
+    Value(int16_t i) noexcept : m_type(VarType::Integer) { m_u.i64 = int64_t(uint16_t(i)); }
+    Value(int32_t i) noexcept : m_type(VarType::Long) { m_u.i64 = int64_t(uint32_t(i)); }
+    Value(float f) noexcept : m_type(VarType::Single) { m_u.i64 = int64_t(std::bit_cast<uint32_t>(f)); }
     Value(double d) noexcept : m_type(VarType::Double) { m_u.d = d; }
     Value(String s);
     Value(std::u16string_view s) : Value(String(s)) {}
@@ -66,8 +73,8 @@ public:
 
     static Value null() { Value v; v.m_type = VarType::Null; return v; }
     static Value missing() { return fromError(kMissingCode); }
-    static Value fromError(int32_t code) { Value v; v.m_type = VarType::Error; v.m_u.i32 = code; return v; }
-    static Value fromByte(uint8_t b) { Value v; v.m_type = VarType::Byte; v.m_u.u8 = b; return v; }
+    static Value fromError(int32_t code) { Value v; v.m_type = VarType::Error; v.m_u.i64 = int64_t(uint32_t(code)); return v; }
+    static Value fromByte(uint8_t b) { Value v; v.m_type = VarType::Byte; v.m_u.i64 = b; return v; }
     static Value fromDate(double oleDate) { Value v; v.m_type = VarType::Date; v.m_u.d = oleDate; return v; }
     // Currency is a fixed-point number with four decimals: scaled = value * 10000.
     static Value fromCurrency(int64_t scaled) { Value v; v.m_type = VarType::Currency; v.m_u.i64 = scaled; return v; }
@@ -130,6 +137,10 @@ public:
     ArrayRep* array() const { return m_u.a; }
     // Makes this value's array unshared (copying it if needed) and returns it for writing.
     ArrayRep* mutableArray();
+    bool isRefCounted() const
+    {
+        return m_type == VarType::String || m_type == VarType::Object || m_type == kArrayTag;
+    }
 
     // Conversions with VBScript's rules; they throw ScriptError (13, 6, 94, ...).
     bool toBoolean() const;
@@ -204,6 +215,15 @@ public:
     static Value fromArrayRep(ArrayRep* rep) { Value v; v.m_type = Value::kArrayTag; v.m_u.a = rep; return v; }
     // Appends text to a String value, in place when the value holds the only reference.
     static void appendString(Value& v, std::u16string_view text);
+    // Unshares the array of v without touching its `plain` flag.
+    static ArrayRep* unshareArray(Value& v);
+    // Stores into an item of a plain array: the old item holds nothing to release.
+    static void overwritePlain(Value& item, Value&& v) noexcept
+    {
+        item.m_type = v.m_type;
+        item.m_u = v.m_u;
+        v.m_type = VarType::Empty;
+    }
 };
 
 // Banker's rounding as CInt/CLng do it.
