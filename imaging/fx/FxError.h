@@ -1,5 +1,4 @@
-// The one error type the effects throw: a member name, a kind and a message a script user can act
-// on.
+// The one error type the effects throw: the member, a kind and a message a script user can use.
 #pragma once
 
 #include <stdexcept>
