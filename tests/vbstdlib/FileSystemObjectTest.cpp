@@ -127,6 +127,8 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
     call(u"DeleteFile", {Value(path(u"out\\*.jpg"))});
     EXPECT_TRUE(fs::is_empty(m_dir / "out"));
     EXPECT_EQ(errorOf([&] { call(u"DeleteFile", {Value(path(u"none.jpg"))}); }), 53);
+    EXPECT_EQ(errorOf([&] { call(u"CopyFile", {Value(path(u"b.jpg")), Value(u"")}); }), 52);
+    EXPECT_EQ(errorOf([&] { call(u"CreateFolder", {Value(u"")}); }), 52);
     EXPECT_EQ(errorOf([&] {
                   call(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))});
               }),

@@ -12,6 +12,13 @@ bool isSeparator(char16_t c) {
     return c == u'\\' || c == u'/';
 }
 
+// A path that an operation creates, changes or opens: empty is 52 Bad file name or number.
+String pathArg(const Value& v) {
+    String path = v.toString();
+    if (path.empty()) raise(ErrorCode::BadFileNameOrNumber);
+    return path;
+}
+
 // The path without trailing separators (a lone root separator stays).
 std::u16string_view trimSeparators(std::u16string_view p) {
     while (p.size() > 1 && isSeparator(p.back()))
@@ -159,7 +166,7 @@ public:
     Value buildPathMember(Args a) { return Value(buildPath(a[0]->toString(), a[1]->toString())); }
 
     Value createFolder(Args a) {
-        const fs::path native = nativeOf(a[0]->toString());
+        const fs::path native = nativeOf(pathArg(*a[0]));
         if (fs::exists(native)) raise(ErrorCode::FileAlreadyExists);
         if (!fs::is_directory(native.parent_path().empty() ? "." : native.parent_path()))
             raise(ErrorCode::PathNotFound);
@@ -170,7 +177,7 @@ public:
     }
 
     Value deleteFolder(Args a) {
-        const fs::path native = nativeOf(a[0]->toString());
+        const fs::path native = nativeOf(pathArg(*a[0]));
         if (!fs::is_directory(native)) raise(ErrorCode::PathNotFound);
         std::error_code ec;
         fs::remove_all(native, ec);
@@ -179,9 +186,9 @@ public:
     }
 
     Value copyFile(Args a) {
-        const String destination = a[1]->toString();
+        const String destination = pathArg(*a[1]);
         const bool overwrite = boolArg(a, 2, true);
-        const auto files = sourceFiles(a[0]->toString());
+        const auto files = sourceFiles(pathArg(*a[0]));
         for (const fs::path& file : files) {
             const fs::path target = targetFor(file, destination, files.size() > 1);
             if (fs::exists(target) && !overwrite) raise(ErrorCode::FileAlreadyExists);
@@ -193,8 +200,8 @@ public:
     }
 
     Value moveFile(Args a) {
-        const String destination = a[1]->toString();
-        const auto files = sourceFiles(a[0]->toString());
+        const String destination = pathArg(*a[1]);
+        const auto files = sourceFiles(pathArg(*a[0]));
         for (const fs::path& file : files) {
             const fs::path target = targetFor(file, destination, files.size() > 1);
             if (fs::exists(target)) raise(ErrorCode::FileAlreadyExists);
@@ -210,7 +217,7 @@ public:
     }
 
     Value deleteFile(Args a) {
-        for (const fs::path& file : sourceFiles(a[0]->toString())) {
+        for (const fs::path& file : sourceFiles(pathArg(*a[0]))) {
             std::error_code ec;
             fs::remove(file, ec);
             if (ec) raiseFileError(ec, ErrorCode::PathFileAccessError);
@@ -222,7 +229,7 @@ public:
         const long mode = longArg(a, 1, 1);
         const bool create = boolArg(a, 2, false);
         if (mode != 1 && mode != 2 && mode != 8) invalidCall();
-        const fs::path native = nativeOf(a[0]->toString());
+        const fs::path native = nativeOf(pathArg(*a[0]));
         if (!fs::is_regular_file(native) && (mode == 1 || !create)) raise(ErrorCode::FileNotFound);
         requireParent(native);
         return Value(openTextStream(native, IoMode(mode)));
@@ -230,7 +237,7 @@ public:
 
     Value createTextFile(Args a) {
         const bool overwrite = boolArg(a, 1, true);
-        const fs::path native = nativeOf(a[0]->toString());
+        const fs::path native = nativeOf(pathArg(*a[0]));
         if (fs::exists(native) && !overwrite) raise(ErrorCode::FileAlreadyExists);
         requireParent(native);
         return Value(openTextStream(native, IoMode::Writing));
