@@ -129,3 +129,12 @@ TEST_F(VbsHostTest, WithoutFilesMainRunsAndProcessesNothing) {
     EXPECT_EQ(outcome.status, ScriptStatus::Succeeded);
     EXPECT_TRUE(recorder.boxes.isEmpty());
 }
+
+TEST_F(VbsHostTest, MissingTemplateRunsNoCodeAndReportsTheMissingMain) {
+    options.programFolder = tree.path("nowhere");
+    const RunOutcome outcome = runCommandLine("/fx.Blur /exit", false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Failed);
+    EXPECT_EQ(exitStatus, 1);
+    ASSERT_EQ(recorder.boxes.size(), 1); // no question: the empty template has no effects marker
+    EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Script Runtime Error"));
+}
