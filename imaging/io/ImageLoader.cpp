@@ -128,6 +128,9 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
     if (size == 0) fail(ErrorCode::DamagedImage, scriptPath + " is empty");
     const FormatDef* byExtension = formatByExtension(extensionOf(native));
     const char* loader = vips_foreign_find_load(native.c_str());
+    // ImageMagick does not recognise every format by content (metafiles); the extension names it.
+    bool viaMagick = !loader && byExtension && byExtension->canLoad && byExtension->codec == Codec::Magick;
+    if (viaMagick) loader = "VipsForeignLoadMagickFile";
     if (!loader) {
         vips_error_clear();
         if (byExtension && !byExtension->canLoad)
@@ -142,7 +145,8 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
     if (r.source.format && r.source.format->code == format::Jpeg && !jpegHasEnd(native, size))
         fail(ErrorCode::DamagedImage, scriptPath + " ends before the end of the JPEG data");
     try {
-        vips::VImage image = openPage(native, r.source.format, page);
+        vips::VImage image = viaMagick ? vips::VImage::magickload(native.c_str(), vips::VImage::option()->set("page", page))
+                                       : openPage(native, r.source.format, page);
         if (int64_t(image.width()) * image.height() > kMaxPixels)
             fail(ErrorCode::ImageTooLarge, scriptPath + " is " + std::to_string(image.width()) +
                                                " x " + std::to_string(image.height()) +

@@ -107,6 +107,33 @@ TEST(FxBadInput, DamageFoundOnlyWhileDecodingIsReportedAtSaveAndTheTargetKept) {
     EXPECT_EQ(dir.entries().size(), 2u);
 }
 
+TEST(FxBadInput, MetafilesLoadThroughImageMagick) {
+    TempDir dir;
+    writeFile(dir.str("drawing.wmf"), wmfFile());
+    FxDriver d;
+    int err = loadError(d, dir.str("drawing.wmf"));
+    if (err && d.lastDescription.find("delegate") != std::string::npos) GTEST_SKIP() << d.lastDescription;
+    ASSERT_EQ(err, 0) << d.lastDescription;
+    EXPECT_EQ(d.get(u"IFormat").toLong(), 15);
+    EXPECT_EQ(d.width(), 72); // one inch at 72 dots per inch
+    EXPECT_EQ(d.height(), 36);
+}
+
+TEST(FxBadInput, RunLengthEncodedBitmapLoads) {
+    TempDir dir;
+    writeFile(dir.str("strip.rle"), rle8Bitmap());
+    FxDriver d;
+    ASSERT_EQ(loadError(d, dir.str("strip.rle")), 0) << d.lastDescription;
+    EXPECT_EQ(d.get(u"IFormat").toLong(), 17);
+    EXPECT_EQ(d.width(), 6);
+    EXPECT_EQ(d.height(), 2);
+    auto top = d.control->image().getpoint(0, 0), bottom = d.control->image().getpoint(0, 1);
+    EXPECT_EQ(top[0], 255);
+    EXPECT_EQ(top[2], 0);
+    EXPECT_EQ(bottom[2], 255);
+    EXPECT_EQ(bottom[0], 0);
+}
+
 struct LoadCase {
     const char* name;
     int code;

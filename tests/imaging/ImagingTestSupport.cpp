@@ -150,6 +150,38 @@ std::string pngHeaderOnly(uint32_t width, uint32_t height) {
     return std::string("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", ihdr) + chunk("IDAT", std::string("\x78\x9c\x03\x00\x00\x00\x00\x01", 8)) + chunk("IEND", "");
 }
 
+std::string rle8Bitmap() {
+    auto le16s = [](int v) { return std::string{char(v & 0xFF), char((v >> 8) & 0xFF)}; };
+    auto le32s = [&](uint32_t v) { return le16s(int(v & 0xFFFF)) + le16s(int(v >> 16)); };
+    // Rows bottom-up: 6 pixels of index 1 (blue), end of line, 6 of index 0 (red), end of bitmap.
+    std::string pixels("\x06\x01\x00\x00\x06\x00\x00\x01", 8);
+    std::string palette("\x00\x00\xFF\x00\xFF\x00\x00\x00", 8); // BGRA: red, blue
+    std::string info = le32s(40) + le32s(6) + le32s(2) + le16s(1) + le16s(8) + le32s(1) +
+                       le32s(uint32_t(pixels.size())) + le32s(2835) + le32s(2835) + le32s(2) + le32s(2);
+    uint32_t offset = 14 + uint32_t(info.size() + palette.size());
+    return "BM" + le32s(offset + uint32_t(pixels.size())) + le32s(0) + le32s(offset) + info + palette + pixels;
+}
+
+std::string wmfFile() {
+    auto le16s = [](int v) { return std::string{char(v & 0xFF), char((v >> 8) & 0xFF)}; };
+    auto le32s = [&](uint32_t v) { return le16s(int(v & 0xFFFF)) + le16s(int(v >> 16)); };
+    std::vector<int> placeable{0xCDD7, 0x9AC6, 0, 0, 0, 100, 50, 100, 0, 0};
+    int checksum = 0;
+    std::string out;
+    for (int w : placeable) {
+        checksum ^= w;
+        out += le16s(w);
+    }
+    out += le16s(checksum);
+    std::string records = le32s(5) + le16s(0x020B) + le16s(0) + le16s(0) +             // window origin
+                          le32s(5) + le16s(0x020C) + le16s(50) + le16s(100) +           // window extent
+                          le32s(7) + le16s(0x041B) + le16s(40) + le16s(90) + le16s(10) + le16s(10) + // rectangle
+                          le32s(3) + le16s(0);                                          // end
+    out += le16s(1) + le16s(9) + le16s(0x0300) + le32s(uint32_t(18 + records.size()) / 2) + le16s(0) +
+           le32s(7) + le16s(0);
+    return out + records;
+}
+
 bool haveSaver(const char* operation) {
     imaging::ensureVipsStarted();
     return vips_type_find("VipsOperation", operation) != 0;

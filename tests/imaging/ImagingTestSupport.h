@@ -49,4 +49,9 @@ std::string pngHeaderOnly(uint32_t width, uint32_t height);
 
 bool haveSaver(const char* operation);
 
+// A run-length encoded (RLE8) bitmap of 6 x 2 pixels: a red top row over a blue bottom row.
+std::string rle8Bitmap();
+// A Windows metafile (placeable, 1 x 0.5 inch) drawing one rectangle.
+std::string wmfFile();
+
 } // namespace testsupport
