@@ -313,8 +313,8 @@ std::vector<FxMemberInfo> drawingMembers() {
                  "100"),
           ranged("low", "integer", 0, 100, "opacity in percent where the clipboard is black",
                  "100")},
-         "Combines the clipboard image with the current one; the opacity runs from low to high "
-         "with the clipboard's brightness."},
+         "Combines the clipboard image with the current one (with Area on: with the area); the "
+         "opacity runs from low to high with the clipboard's brightness."},
         {"CaptureWindow",
          "Capture",
          {plain("handle", "long", "X11 window id; 0 captures the whole screen")},

@@ -144,7 +144,14 @@ void merge(ImagingControl& c, const OpArgs& a) {
     const VImage* clip = clipboardOf(c);
     if (!clip) fail(ErrorCode::NothingToPaste, "Merge needs an image on the clipboard (use Copy)");
     ::fx::MergeOptions o{a.i(1), a.i(2), a.b(3), a.i(4), a.i(5), a.i(6)};
-    c.setImage(::fx::Merge(c.image(), *clip, o));
+    const AreaState& s = c.area();
+    if (!s.enabled) {
+        c.setImage(::fx::Merge(c.image(), *clip, o));
+        return;
+    }
+    // With the processing area on, the area is the image the clipboard is merged into.
+    c.setImage(::fx::applyInArea(c.image(), {s.x, s.y, s.width, s.height},
+                                 [&](const VImage& part) { return ::fx::Merge(part, *clip, o); }));
 }
 
 void captureWindow(ImagingControl& c, const OpArgs& a) {
