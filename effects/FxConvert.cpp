@@ -11,29 +11,42 @@ using vbs::VarType;
 
 imaging::Arg toControlArg(char code, const vbs::Value& v) {
     switch (code) {
-    case 'i': return int32_t(v.toInteger());
+    case 'i':
+        return int32_t(v.toInteger());
     case 'l':
-    case 'c': return v.toLong();
-    case 'f': return double(v.toSingle());
-    case 'd': return v.toDouble();
-    case 'b': return bool(v.toBoolean());
-    case 's': return vbs::toUtf8(v.toString());
-    default: break;
+    case 'c':
+        return v.toLong();
+    case 'f':
+        return double(v.toSingle());
+    case 'd':
+        return v.toDouble();
+    case 'b':
+        return bool(v.toBoolean());
+    case 's':
+        return vbs::toUtf8(v.toString());
+    default:
+        break;
     }
     // An optional argument keeps its own type; the control converts and applies defaults.
     if (v.isMissing() || v.isNull()) return imaging::Missing{};
     switch (v.type()) {
-    case VarType::Empty: return int32_t(0);
-    case VarType::Boolean: return bool(v.toBoolean());
+    case VarType::Empty:
+        return int32_t(0);
+    case VarType::Boolean:
+        return bool(v.toBoolean());
     case VarType::Integer:
     case VarType::Long:
-    case VarType::Byte: return v.toLong();
+    case VarType::Byte:
+        return v.toLong();
     case VarType::Single:
     case VarType::Double:
     case VarType::Currency:
-    case VarType::Date: return v.toDouble();
-    case VarType::String: return vbs::toUtf8(v.toString());
-    default: vbs::raise(vbs::ErrorCode::TypeMismatch);
+    case VarType::Date:
+        return v.toDouble();
+    case VarType::String:
+        return vbs::toUtf8(v.toString());
+    default:
+        vbs::raise(vbs::ErrorCode::TypeMismatch);
     }
 }
 
@@ -45,18 +58,25 @@ int16_t toInteger16(double value) {
 
 vbs::Value toScriptValue(char code, const imaging::Arg& value) {
     double number = 0;
-    if (auto* i = std::get_if<int32_t>(&value)) number = *i;
-    else if (auto* d = std::get_if<double>(&value)) number = *d;
-    else if (auto* b = std::get_if<bool>(&value)) number = *b ? -1 : 0;
+    if (auto* i = std::get_if<int32_t>(&value))
+        number = *i;
+    else if (auto* d = std::get_if<double>(&value))
+        number = *d;
+    else if (auto* b = std::get_if<bool>(&value))
+        number = *b ? -1 : 0;
     switch (code) {
-    case 'i': return vbs::Value(toInteger16(number));
-    case 'l': return vbs::Value(static_cast<int32_t>(number));
-    case 'b': return vbs::Value(number != 0);
+    case 'i':
+        return vbs::Value(toInteger16(number));
+    case 'l':
+        return vbs::Value(static_cast<int32_t>(number));
+    case 'b':
+        return vbs::Value(number != 0);
     case 's': {
         auto* s = std::get_if<std::string>(&value);
         return vbs::Value(vbs::fromUtf8(s ? *s : std::string()));
     }
-    default: return vbs::Value(number);
+    default:
+        return vbs::Value(number);
     }
 }
 

@@ -23,14 +23,20 @@ public:
         return -1;
     }
     Value invoke(int id, vbs::InvokeKind kind, std::span<Value*> args) override {
-        if (kind == vbs::InvokeKind::PropertyLet || kind == vbs::InvokeKind::PropertySet || !args.empty())
+        if (kind == vbs::InvokeKind::PropertyLet || kind == vbs::InvokeKind::PropertySet ||
+            !args.empty())
             vbs::raise(vbs::ErrorCode::WrongArgumentCount);
         switch (id) {
-        case 0: return Value(m_width);
-        case 1: return Value(m_height);
-        case 2: return Value(int16_t(1)); // a bitmap
-        case 3: return Value(int32_t(0));
-        default: vbs::raise(vbs::ErrorCode::NoSuchMember);
+        case 0:
+            return Value(m_width);
+        case 1:
+            return Value(m_height);
+        case 2:
+            return Value(int16_t(1)); // a bitmap
+        case 3:
+            return Value(int32_t(0));
+        default:
+            vbs::raise(vbs::ErrorCode::NoSuchMember);
         }
     }
     int defaultMemberId() const override { return 3; }
@@ -123,7 +129,8 @@ Value colorSeparation(clsVTEffects& fx, Args args) {
 Value matrix(clsVTEffects& fx, Args args) {
     int16_t a = args[0]->toInteger(), b = args[1]->toInteger();
     std::vector<imaging::Arg> converted(11, imaging::Arg(int32_t(0)));
-    for (size_t k = 2; k < 11; ++k) converted[k - 2] = int32_t(args[k]->toInteger());
+    for (size_t k = 2; k < 11; ++k)
+        converted[k - 2] = int32_t(args[k]->toInteger());
     converted[9] = int32_t(b);
     converted[10] = int32_t(a);
     fx.control().invoke("Matrix", converted);

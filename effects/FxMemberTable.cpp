@@ -11,9 +11,14 @@ constexpr auto L = MemberKind::Let;
 constexpr auto M = MemberKind::Method;
 
 // A read/write property takes two entries under one name: its read side, then its write side.
-#define RW(name, t, desc) {u"" name, G, "", t[0], "", desc}, {u"" name, L, t, '-', "value", desc}
-#define RO(name, t, desc) {u"" name, G, "", t[0], "", desc}
-#define OP(name, args, names, desc) {u"" name, M, args, '-', names, desc}
+#define RW(name, t, desc)                                                                          \
+    {u"" name, G, "", t[0], "", desc}, {                                                           \
+        u"" name, L, t, '-', "value", desc                                                         \
+    }
+#define RO(name, t, desc)                                                                          \
+    { u"" name, G, "", t[0], "", desc }
+#define OP(name, args, names, desc)                                                                \
+    { u"" name, M, args, '-', names, desc }
 
 // clang-format off
 constexpr MemberDef kMembers[] = {
@@ -151,6 +156,8 @@ constexpr MemberDef kMembers[] = {
 
 } // namespace
 
-std::span<const MemberDef> memberTable() { return kMembers; }
+std::span<const MemberDef> memberTable() {
+    return kMembers;
+}
 
 } // namespace fx

@@ -33,8 +33,10 @@ const MemberDef* pick(int id, InvokeKind kind, size_t argCount) {
     }
     switch (kind) {
     case InvokeKind::PropertyLet:
-    case InvokeKind::PropertySet: return let;
-    case InvokeKind::PropertyGet: return get ? get : method;
+    case InvokeKind::PropertySet:
+        return let;
+    case InvokeKind::PropertyGet:
+        return get ? get : method;
     case InvokeKind::Method:
         if (method) return method;
         if (get) return get;
@@ -45,7 +47,8 @@ const MemberDef* pick(int id, InvokeKind kind, size_t argCount) {
 
 void checkArgCount(const MemberDef& def, std::span<Value*> args) {
     size_t required = 0;
-    for (char c : def.args) required += c != 'v';
+    for (char c : def.args)
+        required += c != 'v';
     if (args.size() < required || args.size() > def.args.size())
         vbs::raise(ErrorCode::WrongArgumentCount, vbs::String(def.name));
     for (size_t k = 0; k < required; ++k)
@@ -68,7 +71,9 @@ imaging::ImagingControl& clsVTEffects::control() {
     return *m_control;
 }
 
-vbs::Host& clsVTEffects::host() { return m_host ? *m_host : vbs::defaultHost(); }
+vbs::Host& clsVTEffects::host() {
+    return m_host ? *m_host : vbs::defaultHost();
+}
 
 int clsVTEffects::memberId(std::u16string_view name) const {
     auto table = fx::memberTable();
@@ -94,12 +99,18 @@ Value clsVTEffects::invoke(int id, InvokeKind kind, std::span<Value*> args) {
 Value clsVTEffects::call(const MemberDef& def, std::span<Value*> args) {
     if (def.handler) return def.handler(*this, args);
     std::vector<imaging::Arg> converted;
-    for (size_t k = 0; k < args.size(); ++k) converted.push_back(fx::toControlArg(def.args[k], *args[k]));
+    for (size_t k = 0; k < args.size(); ++k)
+        converted.push_back(fx::toControlArg(def.args[k], *args[k]));
     std::string name = vbs::toUtf8(def.name);
     switch (def.kind) {
-    case MemberKind::Get: return fx::toScriptValue(def.result, control().property(name));
-    case MemberKind::Let: control().setProperty(name, converted.back()); return {};
-    case MemberKind::Method: control().invoke(name, converted); return {};
+    case MemberKind::Get:
+        return fx::toScriptValue(def.result, control().property(name));
+    case MemberKind::Let:
+        control().setProperty(name, converted.back());
+        return {};
+    case MemberKind::Method:
+        control().invoke(name, converted);
+        return {};
     }
     return {};
 }
@@ -157,7 +168,8 @@ void clsVTEffects::ResizeAspect(int32_t maxWidth, int32_t maxHeight, bool allowE
         if (newWidth > w) return ResizeAspect(maxHeight, static_cast<int32_t>(w), false, depth + 1);
         if (newHeight > h) return ResizeAspect(static_cast<int32_t>(h), maxWidth, false, depth + 1);
     }
-    std::vector<imaging::Arg> size{int32_t(fx::toInteger16(newWidth)), int32_t(fx::toInteger16(newHeight))};
+    std::vector<imaging::Arg> size{int32_t(fx::toInteger16(newWidth)),
+                                   int32_t(fx::toInteger16(newHeight))};
     control().invoke("PICResize", size);
 }
 

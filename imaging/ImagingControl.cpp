@@ -23,7 +23,9 @@ void ensureVipsStarted() {
         vips_cache_set_max(0);
         // Failures reach the caller as errors with libvips' message; its warnings would only be
         // noise on a batch's stderr.
-        g_log_set_handler("VIPS", G_LOG_LEVEL_WARNING, [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
+        g_log_set_handler(
+            "VIPS", G_LOG_LEVEL_WARNING,
+            [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
     });
 }
 
@@ -47,7 +49,8 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
     } catch (const vips::VError& e) {
         std::string message = e.what();
         vips_error_clear();
-        while (!message.empty() && message.back() == '\n') message.pop_back();
+        while (!message.empty() && message.back() == '\n')
+            message.pop_back();
         m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
         fail(ErrorCode::ProcessingFailed, std::string(what) + " (" + message + ")");
     } catch (const std::bad_alloc&) {
@@ -83,7 +86,8 @@ void ImagingControl::applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage) 
         return;
     }
     int x = std::clamp(m_area.x, 0, in.width()), y = std::clamp(m_area.y, 0, in.height());
-    int w = std::clamp(m_area.width, 0, in.width() - x), h = std::clamp(m_area.height, 0, in.height() - y);
+    int w = std::clamp(m_area.width, 0, in.width() - x),
+        h = std::clamp(m_area.height, 0, in.height() - y);
     if (w == 0 || h == 0) return;
     VImage part = fn(in.crop(x, y, w, h), args, ctx);
     VImage base = in;
@@ -144,8 +148,10 @@ void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
 void ImagingControl::copyToClipboard() {
     const VImage& in = image();
     if (m_area.enabled && m_area.width > 0 && m_area.height > 0) {
-        int x = std::clamp(m_area.x, 0, in.width() - 1), y = std::clamp(m_area.y, 0, in.height() - 1);
-        m_clipboard = in.crop(x, y, std::min(m_area.width, in.width() - x), std::min(m_area.height, in.height() - y));
+        int x = std::clamp(m_area.x, 0, in.width() - 1),
+            y = std::clamp(m_area.y, 0, in.height() - 1);
+        m_clipboard = in.crop(x, y, std::min(m_area.width, in.width() - x),
+                              std::min(m_area.height, in.height() - y));
     } else {
         m_clipboard = in;
     }
@@ -158,7 +164,8 @@ void ImagingControl::pasteFromClipboard() {
 }
 
 void ImagingControl::undo() {
-    if (m_undo.empty()) fail(ErrorCode::NothingToUndo, "no change has been made since the last load");
+    if (m_undo.empty())
+        fail(ErrorCode::NothingToUndo, "no change has been made since the last load");
     VImage previous = m_undo.back();
     m_undo.clear();
     m_image = previous;
@@ -223,7 +230,8 @@ void ImagingControl::saveFile() {
         namespace fs = std::filesystem;
         // Overwriting the photo being read: decode it fully first, so that nothing reads the
         // file again after it has been replaced.
-        if (!m_source.nativePath.empty() && fs::equivalent(m_source.nativePath, diskPath(target), ec))
+        if (!m_source.nativePath.empty() &&
+            fs::equivalent(m_source.nativePath, diskPath(target), ec))
             m_image = current.copy_memory();
         saveImage(m_image, target, storedInt("SaveFileType"), o, m_fileName);
     });
@@ -253,7 +261,9 @@ int32_t ImagingControl::storedInt(std::string_view name) const {
     return 0;
 }
 
-bool ImagingControl::storedBool(std::string_view name) const { return storedInt(name) != 0; }
+bool ImagingControl::storedBool(std::string_view name) const {
+    return storedInt(name) != 0;
+}
 
 void ImagingControl::store(const PropertyDef& def, const Arg& value) {
     m_stored[std::string(def.name)] = value;
@@ -262,10 +272,12 @@ void ImagingControl::store(const PropertyDef& def, const Arg& value) {
 Arg ImagingControl::property(std::string_view name) {
     const PropertyDef* def = findProperty(name);
     if (!def) fail(ErrorCode::UnknownProperty, std::string(name));
-    if (def->access == Access::Write) fail(ErrorCode::ReadOnlyProperty, std::string(def->name) + " can only be set");
+    if (def->access == Access::Write)
+        fail(ErrorCode::ReadOnlyProperty, std::string(def->name) + " can only be set");
     Arg result;
     // Reading a property leaves ImagError as the last member that acted set it.
-    guarded(def->name, [&] { result = def->get ? def->get(*this) : stored(def->name); }, false);
+    guarded(
+        def->name, [&] { result = def->get ? def->get(*this) : stored(def->name); }, false);
     return result;
 }
 
@@ -275,8 +287,10 @@ void ImagingControl::setProperty(std::string_view name, const Arg& value) {
     if (def->access == Access::Read) fail(ErrorCode::ReadOnlyProperty, std::string(def->name));
     guarded(def->name, [&] {
         Arg checked = checkedValue(def->name, def->name, def->type, def->min, def->max, value);
-        if (def->set) def->set(*this, checked);
-        else store(*def, checked);
+        if (def->set)
+            def->set(*this, checked);
+        else
+            store(*def, checked);
     });
 }
 

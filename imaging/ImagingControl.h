@@ -27,7 +27,7 @@ struct SourceInfo {
     const FormatDef* format = nullptr;
     int64_t fileSize = 0;
     int32_t pages = 0;
-    int32_t page = 0;       // zero-based page that was loaded
+    int32_t page = 0;        // zero-based page that was loaded
     int32_t orientation = 1; // EXIF orientation of the file (already applied to the image)
     bool untouched = false;  // no operation has changed the image since it was loaded
 };

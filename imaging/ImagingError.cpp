@@ -28,7 +28,9 @@ constexpr ErrorInfo kCatalogue[] = {
 };
 } // namespace
 
-std::span<const ErrorInfo> errorCatalogue() { return kCatalogue; }
+std::span<const ErrorInfo> errorCatalogue() {
+    return kCatalogue;
+}
 
 std::string_view errorMessage(ErrorCode code) {
     auto it = std::find_if(std::begin(kCatalogue), std::end(kCatalogue),
@@ -42,6 +44,8 @@ ImagingError::ImagingError(ErrorCode code, std::string detail)
     if (!m_detail.empty()) m_text += ": " + m_detail;
 }
 
-void fail(ErrorCode code, std::string detail) { throw ImagingError(code, std::move(detail)); }
+void fail(ErrorCode code, std::string detail) {
+    throw ImagingError(code, std::move(detail));
+}
 
 } // namespace imaging

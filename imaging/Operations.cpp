@@ -33,7 +33,8 @@ namespace {
 std::vector<const OperationDef*> buildRegistry() {
     std::vector<const OperationDef*> all;
     auto add = [&all](std::span<const OperationDef> family) {
-        for (const auto& op : family) all.push_back(&op);
+        for (const auto& op : family)
+            all.push_back(&op);
     };
     add(geometryOperations());
     add(colorOperations());
@@ -102,8 +103,8 @@ Arg checkedValue(std::string_view owner, std::string_view name, ParamType type, 
 
 OpArgs::OpArgs(std::string_view op, std::span<const ParamDef> params, std::span<const Arg> given) {
     if (given.size() > params.size())
-        fail(ErrorCode::WrongArgumentCount, std::string(op) + " takes at most " +
-                                                std::to_string(params.size()) + " arguments");
+        fail(ErrorCode::WrongArgumentCount,
+             std::string(op) + " takes at most " + std::to_string(params.size()) + " arguments");
     for (size_t k = 0; k < params.size(); ++k) {
         const ParamDef& p = params[k];
         bool present = k < given.size() && !std::holds_alternative<Missing>(given[k]);
@@ -142,6 +143,8 @@ const std::string& OpArgs::s(size_t k) const {
     return v ? *v : empty;
 }
 
-bool OpArgs::given(size_t k) const { return k < m_given.size() && m_given[k]; }
+bool OpArgs::given(size_t k) const {
+    return k < m_given.size() && m_given[k];
+}
 
 } // namespace imaging

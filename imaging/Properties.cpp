@@ -20,7 +20,9 @@ int32_t asInt(const Arg& a) {
     if (auto* b = std::get_if<bool>(&a)) return *b ? -1 : 0;
     return 0;
 }
-bool asBool(const Arg& a) { return asInt(a) != 0; }
+bool asBool(const Arg& a) {
+    return asInt(a) != 0;
+}
 const std::string& asString(const Arg& a) {
     static const std::string empty;
     auto* s = std::get_if<std::string>(&a);
@@ -134,17 +136,27 @@ const PropertyDef kInfo[] = {
 
 std::vector<const PropertyDef*> buildTable() {
     std::vector<const PropertyDef*> all;
-    for (auto family : {fileProperties(), saveOptionProperties(), stateProperties(), infoProperties()})
-        for (const auto& p : family) all.push_back(&p);
+    for (auto family :
+         {fileProperties(), saveOptionProperties(), stateProperties(), infoProperties()})
+        for (const auto& p : family)
+            all.push_back(&p);
     return all;
 }
 
 } // namespace
 
-std::span<const PropertyDef> fileProperties() { return kFile; }
-std::span<const PropertyDef> saveOptionProperties() { return kSave; }
-std::span<const PropertyDef> stateProperties() { return kState; }
-std::span<const PropertyDef> infoProperties() { return kInfo; }
+std::span<const PropertyDef> fileProperties() {
+    return kFile;
+}
+std::span<const PropertyDef> saveOptionProperties() {
+    return kSave;
+}
+std::span<const PropertyDef> stateProperties() {
+    return kState;
+}
+std::span<const PropertyDef> infoProperties() {
+    return kInfo;
+}
 
 std::span<const PropertyDef* const> allProperties() {
     static const std::vector<const PropertyDef*> table = buildTable();
@@ -159,11 +171,15 @@ const PropertyDef* findProperty(std::string_view name) {
 
 Arg defaultValue(const PropertyDef& def) {
     switch (def.type) {
-    case ParamType::String: return std::string();
-    case ParamType::Bool: return def.def != 0;
+    case ParamType::String:
+        return std::string();
+    case ParamType::Bool:
+        return def.def != 0;
     case ParamType::Single:
-    case ParamType::Double: return def.def;
-    default: return static_cast<int32_t>(def.def);
+    case ParamType::Double:
+        return def.def;
+    default:
+        return static_cast<int32_t>(def.def);
     }
 }
 

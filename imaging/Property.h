@@ -17,7 +17,7 @@ struct PropertyDef {
     Access access;
     double min;
     double max;
-    double def;              // default of a stored numeric or boolean property
+    double def; // default of a stored numeric or boolean property
     std::string_view meaning;
     Arg (*get)(ImagingControl&) = nullptr;              // nullptr: the stored value
     void (*set)(ImagingControl&, const Arg&) = nullptr; // nullptr: stored after the range check

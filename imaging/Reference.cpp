@@ -15,13 +15,20 @@ namespace {
 
 const char* typeName(ParamType t) {
     switch (t) {
-    case ParamType::Int: return "integer";
-    case ParamType::Long: return "long";
-    case ParamType::Single: return "single";
-    case ParamType::Double: return "double";
-    case ParamType::Bool: return "boolean";
-    case ParamType::String: return "string";
-    case ParamType::Color: return "colour";
+    case ParamType::Int:
+        return "integer";
+    case ParamType::Long:
+        return "long";
+    case ParamType::Single:
+        return "single";
+    case ParamType::Double:
+        return "double";
+    case ParamType::Bool:
+        return "boolean";
+    case ParamType::String:
+        return "string";
+    case ParamType::Color:
+        return "colour";
     }
     return "";
 }
@@ -39,21 +46,27 @@ std::string range(ParamType t, double min, double max) {
 }
 
 void formats(std::ostringstream& out) {
-    out << "## Formats\n\n| code | format | extensions | load | save | notes |\n|---|---|---|---|---|---|\n";
+    out << "## Formats\n\n| code | format | extensions | load | save | notes "
+           "|\n|---|---|---|---|---|---|\n";
     out << "| 0 | by the extension of SaveFileName | | | | |\n";
     for (const auto& f : allFormats())
         out << "| " << f.code << " | " << f.name << " | " << f.extensions << " | "
-            << (f.canLoad ? "yes" : "no") << " | " << (f.canSave ? "yes" : "no") << " | " << f.note << " |\n";
+            << (f.canLoad ? "yes" : "no") << " | " << (f.canSave ? "yes" : "no") << " | " << f.note
+            << " |\n";
 }
 
 void properties(std::ostringstream& out) {
-    out << "\n## Properties\n\n| name | type | access | range | default | meaning |\n|---|---|---|---|---|---|\n";
+    out << "\n## Properties\n\n| name | type | access | range | default | meaning "
+           "|\n|---|---|---|---|---|---|\n";
     for (const PropertyDef* p : allProperties()) {
-        const char* access = p->access == Access::Read ? "read" : p->access == Access::Write ? "write" : "read/write";
+        const char* access = p->access == Access::Read    ? "read"
+                             : p->access == Access::Write ? "write"
+                                                          : "read/write";
         bool stored = p->access != Access::Read && p->type != ParamType::String;
         out << "| " << p->name << " | " << typeName(p->type) << " | " << access << " | "
             << (p->access == Access::Read ? "" : range(p->type, p->min, p->max)) << " | "
-            << (stored ? (p->type == ParamType::Bool ? (p->def ? "True" : "False") : number(p->def)) : "")
+            << (stored ? (p->type == ParamType::Bool ? (p->def ? "True" : "False") : number(p->def))
+                       : "")
             << " | " << p->meaning << " |\n";
     }
 }
@@ -81,7 +94,8 @@ std::string referenceMarkdown() {
     properties(out);
     operations(out);
     out << "\n## Errors (ImagError)\n\n| code | message |\n|---|---|\n";
-    for (const auto& e : errorCatalogue()) out << "| " << static_cast<int32_t>(e.code) << " | " << e.message << " |\n";
+    for (const auto& e : errorCatalogue())
+        out << "| " << static_cast<int32_t>(e.code) << " | " << e.message << " |\n";
     return out.str();
 }
 

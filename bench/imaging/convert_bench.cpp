@@ -47,7 +47,7 @@ int main(int argc, char** argv) {
     if (limitArenas) mallopt(M_ARENA_MAX, 1);
     std::filesystem::path out = argv[first];
     imaging::ImagingControl control;
-    control.setProperty("UndoEnabled", true); // as the fx object's Init sets it
+    control.setProperty("UndoEnabled", true);             // as the fx object's Init sets it
     control.setProperty("SaveJPGLumFactor", int32_t(15)); // quality 85
     control.setProperty("SaveJPGChromFactor", int32_t(15));
     auto start = std::chrono::steady_clock::now();
@@ -56,7 +56,8 @@ int main(int argc, char** argv) {
         try {
             control.setFileName(argv[k]);
             fitInto(control, 1600);
-            control.setProperty("SaveFileName", (out / std::filesystem::path(argv[k]).filename()).string());
+            control.setProperty("SaveFileName",
+                                (out / std::filesystem::path(argv[k]).filename()).string());
             control.saveFile();
             ++count;
         } catch (const imaging::ImagingError& e) {
@@ -64,7 +65,8 @@ int main(int argc, char** argv) {
             return 1;
         }
     }
-    double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+    double ms =
+        std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
     std::printf("photos %d  ms/photo %.1f  peak RSS %.1f MiB  arena limit %s\n", count, ms / count,
                 peakRssKb() / 1024.0, limitArenas ? "on" : "off");
     return 0;

@@ -35,7 +35,9 @@ constexpr FormatDef kFormats[] = {
 // clang-format on
 } // namespace
 
-std::span<const FormatDef> allFormats() { return kFormats; }
+std::span<const FormatDef> allFormats() {
+    return kFormats;
+}
 
 const FormatDef* formatByCode(int32_t code) {
     for (const auto& f : kFormats)
@@ -58,7 +60,8 @@ const FormatDef* formatByExtension(std::string_view extension) {
 
 int32_t maxFormatCode() {
     int32_t m = 0;
-    for (const auto& f : kFormats) m = std::max(m, f.code);
+    for (const auto& f : kFormats)
+        m = std::max(m, f.code);
     return m;
 }
 

@@ -27,9 +27,9 @@ struct FormatDef {
 
 namespace format {
 constexpr int32_t ByExtension = 0;
-constexpr int32_t Bmp = 1, Gif = 2, Jpeg = 3, Tiff = 4, Png = 5, Ppm = 6, Pgm = 7, Pbm = 8,
-                  Pcx = 9, Dcx = 10, Tga = 11, Ico = 12, WebP = 13, Avif = 14, Wmf = 15, Wpg = 16,
-                  Rle = 17, Heic = 18, Jxl = 19, Pic = 20, LosslessJpeg = 21;
+constexpr int32_t Bmp = 1, Gif = 2, Jpeg = 3, Tiff = 4, Png = 5, Ppm = 6, Pgm = 7, Pbm = 8, Pcx = 9,
+                  Dcx = 10, Tga = 11, Ico = 12, WebP = 13, Avif = 14, Wmf = 15, Wpg = 16, Rle = 17,
+                  Heic = 18, Jxl = 19, Pic = 20, LosslessJpeg = 21;
 } // namespace format
 
 std::span<const FormatDef> allFormats();

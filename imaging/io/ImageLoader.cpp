@@ -93,10 +93,10 @@ int32_t orientationOf(const vips::VImage& image) {
 
 vips::VImage openPage(const fs::path& native, const FormatDef* fmt, int32_t page) {
     auto* options = vips::VImage::option()->set("fail_on", VIPS_FAIL_ON_TRUNCATED);
-    bool paged = fmt && (fmt->code == format::Tiff || fmt->code == format::Gif ||
-                         fmt->code == format::WebP || fmt->code == format::Heic ||
-                         fmt->code == format::Avif || fmt->code == format::Dcx ||
-                         fmt->code == format::Ico);
+    bool paged =
+        fmt && (fmt->code == format::Tiff || fmt->code == format::Gif ||
+                fmt->code == format::WebP || fmt->code == format::Heic ||
+                fmt->code == format::Avif || fmt->code == format::Dcx || fmt->code == format::Ico);
     if (paged) options->set("page", page);
     return vips::VImage::new_from_file(native.c_str(), options);
 }
@@ -108,12 +108,19 @@ int32_t bitsPerPixelOf(const vips::VImage& image) {
     int bits = 8;
     switch (image.format()) {
     case VIPS_FORMAT_USHORT:
-    case VIPS_FORMAT_SHORT: bits = 16; break;
+    case VIPS_FORMAT_SHORT:
+        bits = 16;
+        break;
     case VIPS_FORMAT_FLOAT:
     case VIPS_FORMAT_INT:
-    case VIPS_FORMAT_UINT: bits = 32; break;
-    case VIPS_FORMAT_DOUBLE: bits = 64; break;
-    default: break;
+    case VIPS_FORMAT_UINT:
+        bits = 32;
+        break;
+    case VIPS_FORMAT_DOUBLE:
+        bits = 64;
+        break;
+    default:
+        break;
     }
     if (image.get_typeof("bits-per-sample") != 0 && image.bands() == 1)
         return image.get_int("bits-per-sample");
@@ -129,7 +136,8 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
     const FormatDef* byExtension = formatByExtension(extensionOf(native));
     const char* loader = vips_foreign_find_load(native.c_str());
     // ImageMagick does not recognise every format by content (metafiles); the extension names it.
-    bool viaMagick = !loader && byExtension && byExtension->canLoad && byExtension->codec == Codec::Magick;
+    bool viaMagick =
+        !loader && byExtension && byExtension->canLoad && byExtension->codec == Codec::Magick;
     if (viaMagick) loader = "VipsForeignLoadMagickFile";
     if (!loader) {
         vips_error_clear();
@@ -145,25 +153,31 @@ LoadResult loadImage(const std::string& scriptPath, int32_t page) {
     if (r.source.format && r.source.format->code == format::Jpeg && !jpegHasEnd(native, size))
         fail(ErrorCode::DamagedImage, scriptPath + " ends before the end of the JPEG data");
     try {
-        vips::VImage image = viaMagick ? vips::VImage::magickload(native.c_str(), vips::VImage::option()->set("page", page))
-                                       : openPage(native, r.source.format, page);
+        vips::VImage image =
+            viaMagick ? vips::VImage::magickload(native.c_str(),
+                                                 vips::VImage::option()->set("page", page))
+                      : openPage(native, r.source.format, page);
         if (int64_t(image.width()) * image.height() > kMaxPixels)
             fail(ErrorCode::ImageTooLarge, scriptPath + " is " + std::to_string(image.width()) +
                                                " x " + std::to_string(image.height()) +
                                                " pixels; the limit is 250 megapixels");
         r.source.pages = image.get_typeof(VIPS_META_N_PAGES) ? image.get_int(VIPS_META_N_PAGES) : 1;
         if (r.source.format && r.source.format->code == format::Heic &&
-            image.get_typeof("heif-compression") && image.get_string("heif-compression") == std::string("av1"))
+            image.get_typeof("heif-compression") &&
+            image.get_string("heif-compression") == std::string("av1"))
             r.source.format = formatByCode(format::Avif);
-        r.bitsPerPixel = r.source.format && r.source.format->code == format::Pbm ? 1 : bitsPerPixelOf(image);
+        r.bitsPerPixel =
+            r.source.format && r.source.format->code == format::Pbm ? 1 : bitsPerPixelOf(image);
         r.source.orientation = orientationOf(image);
         r.image = r.source.orientation > 1 ? image.autorot() : image;
     } catch (const vips::VError& e) {
         std::string text = e.what();
         if (text.find("page") != text.npos && page > 0)
-            failFromVips(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1), e);
+            failFromVips(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1),
+                         e);
         if (unreadable)
-            failFromVips(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath, e);
+            failFromVips(ErrorCode::FormatNotReadable,
+                         std::string(byExtension->name) + ": " + scriptPath, e);
         failFromVips(ErrorCode::DamagedImage, scriptPath, e);
     }
     r.source.nativePath = native.string();
@@ -198,11 +212,11 @@ vips::VImage reopenShrunk(const SourceInfo& source, const vips::VImage& current,
     }
     if (shrink == 1) return {};
     auto access = source.orientation == 1 ? VIPS_ACCESS_SEQUENTIAL : VIPS_ACCESS_RANDOM;
-    vips::VImage image = vips::VImage::jpegload(
-        source.nativePath.c_str(), vips::VImage::option()
-                                       ->set("shrink", shrink)
-                                       ->set("access", access)
-                                       ->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
+    vips::VImage image = vips::VImage::jpegload(source.nativePath.c_str(),
+                                                vips::VImage::option()
+                                                    ->set("shrink", shrink)
+                                                    ->set("access", access)
+                                                    ->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
     return source.orientation > 1 ? image.autorot() : image;
 }
 

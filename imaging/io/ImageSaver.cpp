@@ -25,8 +25,9 @@ int32_t jpegQuality(const SaveOptions& o) {
 namespace {
 
 VImage flattenAlpha(const VImage& in) {
-    return in.has_alpha() ? in.flatten(VImage::option()->set("background", std::vector<double>{255}))
-                          : in;
+    return in.has_alpha()
+               ? in.flatten(VImage::option()->set("background", std::vector<double>{255}))
+               : in;
 }
 
 VImage toSrgb8(const VImage& in) {
@@ -60,30 +61,36 @@ VImage withTransparentColor(const VImage& in, int32_t color) {
 
 VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
     switch (f.code) {
-    case format::Jpeg: return o.jpgGrayscale ? toGrey(in) : flattenAlpha(toSrgb8(in));
-    case format::Ppm: return toRgb(in);
-    case format::Pgm: return toGrey(in);
-    case format::Pbm: return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
-    case format::Gif: return o.gifTransparent ? withTransparentColor(in, o.gifTColor) : toSrgb8(in);
+    case format::Jpeg:
+        return o.jpgGrayscale ? toGrey(in) : flattenAlpha(toSrgb8(in));
+    case format::Ppm:
+        return toRgb(in);
+    case format::Pgm:
+        return toGrey(in);
+    case format::Pbm:
+        return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+    case format::Gif:
+        return o.gifTransparent ? withTransparentColor(in, o.gifTColor) : toSrgb8(in);
     case format::Ico:
         if (in.width() > 256 || in.height() > 256)
-            fail(ErrorCode::FormatNotWritable, "ICO images are at most 256 x 256 pixels; this one is " +
-                                                   std::to_string(in.width()) + " x " +
-                                                   std::to_string(in.height()));
+            fail(ErrorCode::FormatNotWritable,
+                 "ICO images are at most 256 x 256 pixels; this one is " +
+                     std::to_string(in.width()) + " x " + std::to_string(in.height()));
         return toSrgb8(in);
     case format::Tiff:
         if (o.tifCompression == 7 || o.bitsPerPixel == 1)
             return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
         return o.greyPalette ? toGrey(in) : toSrgb8(in);
-    default: return o.greyPalette ? toGrey(in) : toSrgb8(in);
+    default:
+        return o.greyPalette ? toGrey(in) : toSrgb8(in);
     }
 }
 
 constexpr VipsForeignTiffCompression kTiffCompression[] = {
-    VIPS_FOREIGN_TIFF_COMPRESSION_NONE,     VIPS_FOREIGN_TIFF_COMPRESSION_LZW,
-    VIPS_FOREIGN_TIFF_COMPRESSION_DEFLATE,  VIPS_FOREIGN_TIFF_COMPRESSION_PACKBITS,
-    VIPS_FOREIGN_TIFF_COMPRESSION_JPEG,     VIPS_FOREIGN_TIFF_COMPRESSION_ZSTD,
-    VIPS_FOREIGN_TIFF_COMPRESSION_WEBP,     VIPS_FOREIGN_TIFF_COMPRESSION_CCITTFAX4,
+    VIPS_FOREIGN_TIFF_COMPRESSION_NONE,    VIPS_FOREIGN_TIFF_COMPRESSION_LZW,
+    VIPS_FOREIGN_TIFF_COMPRESSION_DEFLATE, VIPS_FOREIGN_TIFF_COMPRESSION_PACKBITS,
+    VIPS_FOREIGN_TIFF_COMPRESSION_JPEG,    VIPS_FOREIGN_TIFF_COMPRESSION_ZSTD,
+    VIPS_FOREIGN_TIFF_COMPRESSION_WEBP,    VIPS_FOREIGN_TIFF_COMPRESSION_CCITTFAX4,
 };
 
 void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const char* path,
@@ -95,10 +102,12 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
     bool palette = o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette);
     switch (f.code) {
     case format::Jpeg:
-        image.jpegsave(path, opt->set("Q", q)->set("interlace", o.progressive)
-                                 ->set("optimize_coding", true)
-                                 ->set("subsample_mode", o.subSampling == 1 ? VIPS_FOREIGN_SUBSAMPLE_OFF
-                                                                            : VIPS_FOREIGN_SUBSAMPLE_ON));
+        image.jpegsave(path,
+                       opt->set("Q", q)
+                           ->set("interlace", o.progressive)
+                           ->set("optimize_coding", true)
+                           ->set("subsample_mode", o.subSampling == 1 ? VIPS_FOREIGN_SUBSAMPLE_OFF
+                                                                      : VIPS_FOREIGN_SUBSAMPLE_ON));
         return;
     case format::Png:
         opt->set("interlace", o.pngInterlaced);
@@ -118,15 +127,20 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
     case format::Ppm:
     case format::Pgm:
     case format::Pbm: {
-        int32_t type = f.code == format::Ppm ? o.ppmType : f.code == format::Pgm ? o.pgmType : o.pbmType;
+        int32_t type = f.code == format::Ppm   ? o.ppmType
+                       : f.code == format::Pgm ? o.pgmType
+                                               : o.pbmType;
         opt->set("format", std::string(f.saver).c_str())->set("ascii", type == 1);
         if (f.code == format::Pbm) opt->set("bitdepth", 1);
         image.ppmsave(path, opt);
         return;
     }
-    case format::WebP: image.webpsave(path, opt->set("Q", q)); return;
+    case format::WebP:
+        image.webpsave(path, opt->set("Q", q));
+        return;
     case format::Avif:
-        image.heifsave(path, opt->set("Q", q)->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1)
+        image.heifsave(path, opt->set("Q", q)
+                                 ->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1)
                                  ->set("bitdepth", 8));
         return;
     default:
@@ -156,8 +170,8 @@ const FormatDef& chooseFormat(const fs::path& native, const std::string& scriptP
 // Appending a page: the existing pages and the new one become one tall image with page-height.
 VImage appendPage(const fs::path& native, const VImage& page, int& pageHeight) {
     VImage old = VImage::new_from_file(native.c_str(), VImage::option()->set("n", -1));
-    int oldPage = old.get_typeof(VIPS_META_PAGE_HEIGHT) ? old.get_int(VIPS_META_PAGE_HEIGHT)
-                                                        : old.height();
+    int oldPage =
+        old.get_typeof(VIPS_META_PAGE_HEIGHT) ? old.get_int(VIPS_META_PAGE_HEIGHT) : old.height();
     if (old.width() != page.width() || oldPage != page.height())
         fail(ErrorCode::CannotWrite, "a new page must have the size of the pages in " +
                                          native.string() + " (" + std::to_string(old.width()) +
@@ -192,7 +206,8 @@ fs::path makeTemp(const fs::path& folder) {
 
 // libvips reports a decoder failure during a save in the loader's words.
 bool isDecodeFailure(const std::string& message) {
-    for (const char* hint : {"read error", "load", "Premature", "truncated", "Corrupt", "corrupt", "out of order"})
+    for (const char* hint :
+         {"read error", "load", "Premature", "truncated", "Corrupt", "corrupt", "out of order"})
         if (message.find(hint) != std::string::npos) return true;
     return false;
 }
@@ -204,10 +219,12 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
     const FormatDef& f = chooseFormat(native, scriptPath, fileType);
     fs::path folder = native.has_parent_path() ? native.parent_path() : fs::path(".");
     std::error_code ec;
-    if (!fs::is_directory(folder, ec)) fail(ErrorCode::CannotWrite, "folder not found: " + scriptPath);
+    if (!fs::is_directory(folder, ec))
+        fail(ErrorCode::CannotWrite, "folder not found: " + scriptPath);
     struct stat st {};
     bool exists = ::stat(native.c_str(), &st) == 0;
-    if (exists && !(st.st_mode & S_IWUSR)) fail(ErrorCode::CannotWrite, scriptPath + " is read-only");
+    if (exists && !(st.st_mode & S_IWUSR))
+        fail(ErrorCode::CannotWrite, scriptPath + " is read-only");
     fs::path temp = makeTemp(folder);
     try {
         VImage ready = prepare(image, f, o);
@@ -216,15 +233,23 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
         if (o.multiPage && exists && paged) ready = appendPage(native, ready, pageHeight);
         write(ready, f, o, temp.c_str(), pageHeight);
         syncPath(temp, O_RDONLY);
-        if (exists) ::chmod(temp.c_str(), st.st_mode & 07777);
-        else ::chmod(temp.c_str(), 0666 & ~[] { mode_t m = ::umask(0); ::umask(m); return m; }());
+        if (exists)
+            ::chmod(temp.c_str(), st.st_mode & 07777);
+        else
+            ::chmod(
+                temp.c_str(), 0666 & ~[] {
+                    mode_t m = ::umask(0);
+                    ::umask(m);
+                    return m;
+                }());
         if (::rename(temp.c_str(), native.c_str()) != 0)
             fail(ErrorCode::CannotWrite, scriptPath + " (" + std::strerror(errno) + ")");
         syncPath(folder, O_RDONLY | O_DIRECTORY);
     } catch (const vips::VError& e) {
         fs::remove(temp, ec);
         if (!sourceName.empty() && isDecodeFailure(e.what()))
-            failFromVips(ErrorCode::DamagedImage, sourceName + ", found while writing " + scriptPath, e);
+            failFromVips(ErrorCode::DamagedImage,
+                         sourceName + ", found while writing " + scriptPath, e);
         failFromVips(ErrorCode::CannotWrite, scriptPath, e);
     } catch (...) {
         fs::remove(temp, ec);

@@ -14,7 +14,9 @@ namespace {
 
 VImage flatRgb(const VImage& in) {
     VImage rgb = toSrgb8WithAlpha(in);
-    return rgb.has_alpha() ? rgb.flatten(VImage::option()->set("background", std::vector<double>{255})) : rgb;
+    return rgb.has_alpha()
+               ? rgb.flatten(VImage::option()->set("background", std::vector<double>{255}))
+               : rgb;
 }
 
 VImage grey8(const VImage& in) {
@@ -38,7 +40,8 @@ VImage posterizeBands(const VImage& in, const std::vector<double>& steps, bool d
     for (int b = 0; b < in.bands(); ++b) {
         double s = steps[std::min<size_t>(b, steps.size() - 1)];
         VImage band = in.extract_band(b);
-        bands.push_back(clampToUchar((band / s + noise - 0.5).round(VIPS_OPERATION_ROUND_RINT) * s));
+        bands.push_back(
+            clampToUchar((band / s + noise - 0.5).round(VIPS_OPERATION_ROUND_RINT) * s));
     }
     return VImage::bandjoin(bands);
 }
@@ -50,7 +53,8 @@ VImage diffuseToBilevel(const VImage& grey) {
     auto* data = static_cast<const unsigned char*>(mem.write_to_memory(&size));
     int w = mem.width(), h = mem.height();
     std::vector<float> err(static_cast<size_t>(w) * h);
-    for (size_t k = 0; k < err.size(); ++k) err[k] = data[k];
+    for (size_t k = 0; k < err.size(); ++k)
+        err[k] = data[k];
     g_free(const_cast<unsigned char*>(data));
     std::vector<unsigned char> out(err.size());
     for (int y = 0; y < h; ++y)
@@ -74,10 +78,10 @@ VImage diffuseToBilevel(const VImage& grey) {
 // An adaptive palette of 2^bits colours, chosen by libvips' quantiser (libimagequant).
 VImage paletteReduce(const VImage& in, int bits, bool dither) {
     VipsBlob* blob = flatRgb(in).pngsave_buffer(VImage::option()
-                                                     ->set("palette", true)
-                                                     ->set("bitdepth", bits)
-                                                     ->set("dither", dither ? 1.0 : 0.0)
-                                                     ->set("compression", 1));
+                                                    ->set("palette", true)
+                                                    ->set("bitdepth", bits)
+                                                    ->set("dither", dither ? 1.0 : 0.0)
+                                                    ->set("compression", 1));
     size_t size = 0;
     const void* bytes = vips_blob_get(blob, &size);
     VImage reduced;
@@ -100,8 +104,12 @@ void colorDepthRun(ImagingControl& c, const OpArgs& a) {
     const VImage& in = c.image();
     VImage out;
     switch (bits) {
-    case 24: out = flatRgb(in); break;
-    case 16: out = posterizeBands(flatRgb(in), {8, 4, 8}, dither); break;
+    case 24:
+        out = flatRgb(in);
+        break;
+    case 16:
+        out = posterizeBands(flatRgb(in), {8, 4, 8}, dither);
+        break;
     case 8:
     case 4:
         out = palette == 1 ? posterizeBands(grey8(in), {bits == 8 ? 1.0 : 17.0}, dither)
@@ -112,10 +120,11 @@ void colorDepthRun(ImagingControl& c, const OpArgs& a) {
                      : (grey8(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
         break;
     default:
-        fail(ErrorCode::ArgumentOutOfRange, "ColorDepth: bits = " + std::to_string(bits) +
-                                                " (allowed 1, 4, 8, 16, 24)");
+        fail(ErrorCode::ArgumentOutOfRange,
+             "ColorDepth: bits = " + std::to_string(bits) + " (allowed 1, 4, 8, 16, 24)");
     }
-    if (out.bands() == 1) out = out.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
+    if (out.bands() == 1)
+        out = out.copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W));
     c.setImage(out);
     c.setBitsPerPixel(bits, bits == 1 || palette == 1);
 }
@@ -130,7 +139,8 @@ void ImagingControl::separate(int32_t kind) {
     if (kind == 0) {
         planes = {r, g, b};
     } else if (kind == 1) {
-        VImage hue = flatRgb(image()).colourspace(VIPS_INTERPRETATION_HSV)[0].cast(VIPS_FORMAT_FLOAT);
+        VImage hue =
+            flatRgb(image()).colourspace(VIPS_INTERPRETATION_HSV)[0].cast(VIPS_FORMAT_FLOAT);
         VImage light = (mx + mn) / 2;
         VImage spread = 255 - (light * 2 - 255).abs();
         VImage sat = (spread > 0).ifthenelse((mx - mn) * 255 / (spread + (spread == 0)), 0);
@@ -144,8 +154,8 @@ void ImagingControl::separate(int32_t kind) {
     }
     m_planes.clear();
     for (const VImage& p : planes)
-        m_planes.push_back(clampToUchar(p).copy(
-            VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W)));
+        m_planes.push_back(
+            clampToUchar(p).copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_B_W)));
 }
 
 void ImagingControl::selectSeparatedPlane(int32_t plane) {

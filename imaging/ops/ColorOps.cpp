@@ -27,8 +27,8 @@ VImage adjustRgb(const VImage& in, const OpArgs& a, const OpContext&) {
     std::vector<double> v{double(a.i(1)), double(a.i(2)), double(a.i(3))};
     return onColour(in, [&](const VImage& rgb) {
         if (a.i(0) == 0)
-            return clampToUchar(rgb.linear({(100 + v[0]) / 100, (100 + v[1]) / 100, (100 + v[2]) / 100},
-                                           {0.0, 0.0, 0.0}));
+            return clampToUchar(rgb.linear(
+                {(100 + v[0]) / 100, (100 + v[1]) / 100, (100 + v[2]) / 100}, {0.0, 0.0, 0.0}));
         return clampToUchar(rgb.linear({1.0, 1.0, 1.0}, v));
     });
 }
@@ -43,16 +43,17 @@ VImage brightness(const VImage& in, const OpArgs& a, const OpContext&) {
 
 VImage gamma(const VImage& in, const OpArgs& a, const OpContext&) {
     double g = a.d(0);
-    return onColour(in, [&](const VImage& rgb) {
-        return clampToUchar((rgb / 255.0).pow(1.0 / g) * 255.0);
-    });
+    return onColour(
+        in, [&](const VImage& rgb) { return clampToUchar((rgb / 255.0).pow(1.0 / g) * 255.0); });
 }
 
 VImage negate(const VImage& in, const OpArgs&, const OpContext&) {
     return onColour(in, [](const VImage& rgb) { return rgb.invert(); });
 }
 
-void separation(ImagingControl& c, const OpArgs& a) { c.separate(a.i(0)); }
+void separation(ImagingControl& c, const OpArgs& a) {
+    c.separate(a.i(0));
+}
 
 // clang-format off
 constexpr ParamDef kHsl[] = {
@@ -78,12 +79,15 @@ constexpr ParamDef kDepth[] = {
 
 constexpr OperationDef kColor[] = {
     {"AdjustHSL", "shifts hue, saturation and lightness", kHsl, nullptr, adjustHslRun},
-    {"AdjustRGB", "changes red, green and blue by percent or by offset", kRgb, nullptr, adjustRgbRun},
+    {"AdjustRGB", "changes red, green and blue by percent or by offset", kRgb, nullptr,
+     adjustRgbRun},
     {"Brightness", "lightens or darkens", kBrightness, brightness},
     {"Gamma", "gamma correction", kGamma, gamma},
     {"Negate", "negative image", {}, negate},
-    {"ColorSeparation", "prepares the planes of a colour separation", kSeparation, nullptr, separation, OpWholeImage},
-    {"ColorDepth", "reduces the colours to 1, 4, 8, 16 or 24 bits per pixel", kDepth, nullptr, colorDepthRun, OpWholeImage},
+    {"ColorSeparation", "prepares the planes of a colour separation", kSeparation, nullptr,
+     separation, OpWholeImage},
+    {"ColorDepth", "reduces the colours to 1, 4, 8, 16 or 24 bits per pixel", kDepth, nullptr,
+     colorDepthRun, OpWholeImage},
 };
 
 // The adjustments keep their arguments for the IPAdjust read-backs, then run as area-aware ops.
@@ -99,6 +103,8 @@ void adjustRgbRun(ImagingControl& c, const OpArgs& a) {
 
 } // namespace
 
-std::span<const OperationDef> colorOperations() { return kColor; }
+std::span<const OperationDef> colorOperations() {
+    return kColor;
+}
 
 } // namespace imaging

@@ -12,16 +12,20 @@ namespace {
 
 using T = ParamType;
 
-void resize(ImagingControl& c, const OpArgs& a) { c.resizeTo(a.i(0), a.i(1), true); }
-void resample(ImagingControl& c, const OpArgs& a) { c.resizeTo(a.i(0), a.i(1), false); }
+void resize(ImagingControl& c, const OpArgs& a) {
+    c.resizeTo(a.i(0), a.i(1), true);
+}
+void resample(ImagingControl& c, const OpArgs& a) {
+    c.resizeTo(a.i(0), a.i(1), false);
+}
 
 VImage cropClipped(const VImage& in, int x, int y, int w, int h, std::string_view op) {
     int x0 = std::max(x, 0), y0 = std::max(y, 0);
     int x1 = std::min(x + w, in.width()), y1 = std::min(y + h, in.height());
     if (x1 <= x0 || y1 <= y0)
-        fail(ErrorCode::ArgumentOutOfRange,
-             std::string(op) + ": the rectangle lies outside the " + std::to_string(in.width()) +
-                 " x " + std::to_string(in.height()) + " image");
+        fail(ErrorCode::ArgumentOutOfRange, std::string(op) + ": the rectangle lies outside the " +
+                                                std::to_string(in.width()) + " x " +
+                                                std::to_string(in.height()) + " image");
     return in.crop(x0, y0, x1 - x0, y1 - y0);
 }
 
@@ -34,8 +38,9 @@ VImage autoCrop(const VImage& in, const OpArgs& a, const OpContext&) {
     if (flat.has_alpha()) flat = flat.flatten();
     std::vector<double> bg = a.i(1) < 0 ? flat.getpoint(0, 0) : backgroundFor(flat, a.i(1));
     int top = 0, width = 0, height = 0;
-    int left = flat.find_trim(&top, &width, &height,
-                              VImage::option()->set("threshold", a.d(0) * 2.55 + 0.5)->set("background", bg));
+    int left = flat.find_trim(
+        &top, &width, &height,
+        VImage::option()->set("threshold", a.d(0) * 2.55 + 0.5)->set("background", bg));
     if (width <= 0 || height <= 0) return in; // all one colour: nothing to keep apart
     int m = a.i(2);
     return cropClipped(in, left - m, top - m, width + 2 * m, height + 2 * m, "AutoCrop");
@@ -60,8 +65,12 @@ VImage rotate(const VImage& in, const OpArgs& a, const OpContext& ctx) {
     return in.rotate(angle, VImage::option()->set("background", backgroundFor(in, ctx.backColor)));
 }
 
-VImage flip(const VImage& in, const OpArgs&, const OpContext&) { return in.flip(VIPS_DIRECTION_VERTICAL); }
-VImage mirror(const VImage& in, const OpArgs&, const OpContext&) { return in.flip(VIPS_DIRECTION_HORIZONTAL); }
+VImage flip(const VImage& in, const OpArgs&, const OpContext&) {
+    return in.flip(VIPS_DIRECTION_VERTICAL);
+}
+VImage mirror(const VImage& in, const OpArgs&, const OpContext&) {
+    return in.flip(VIPS_DIRECTION_HORIZONTAL);
+}
 
 VImage tile(const VImage& in, const OpArgs& a, const OpContext&) {
     if (int64_t(in.width()) * a.i(0) * in.height() * a.i(1) > 250'000'000)
@@ -113,6 +122,8 @@ constexpr OperationDef kGeometry[] = {
 
 } // namespace
 
-std::span<const OperationDef> geometryOperations() { return kGeometry; }
+std::span<const OperationDef> geometryOperations() {
+    return kGeometry;
+}
 
 } // namespace imaging

@@ -9,7 +9,8 @@ using vips::VImage;
 
 VImage toSrgb8WithAlpha(const VImage& in) {
     VImage out = in;
-    if (out.interpretation() != VIPS_INTERPRETATION_sRGB) out = out.colourspace(VIPS_INTERPRETATION_sRGB);
+    if (out.interpretation() != VIPS_INTERPRETATION_sRGB)
+        out = out.colourspace(VIPS_INTERPRETATION_sRGB);
     if (out.format() != VIPS_FORMAT_UCHAR) out = out.cast(VIPS_FORMAT_UCHAR);
     return out;
 }
@@ -28,7 +29,8 @@ std::vector<double> backgroundFor(const VImage& in, int32_t color) {
                                   : std::vector<double>{c.r, c.g, c.b};
     if (in.has_alpha()) bg.push_back(in.format() == VIPS_FORMAT_USHORT ? 65535 : 255);
     if (in.format() == VIPS_FORMAT_USHORT)
-        for (size_t k = 0; k + (in.has_alpha() ? 1 : 0) < bg.size(); ++k) bg[k] *= 257;
+        for (size_t k = 0; k + (in.has_alpha() ? 1 : 0) < bg.size(); ++k)
+            bg[k] *= 257;
     return bg;
 }
 

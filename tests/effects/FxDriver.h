@@ -24,16 +24,19 @@ public:
 
 class FxDriver {
 public:
-    FxDriver() : control(std::make_shared<imaging::ImagingControl>()), fx(vbs::makeRef<clsVTEffects>()) {
+    FxDriver()
+        : control(std::make_shared<imaging::ImagingControl>()), fx(vbs::makeRef<clsVTEffects>()) {
         fx->Init(control);
         fx->setHost(&host);
     }
 
-    vbs::Value invoke(const std::u16string& name, vbs::InvokeKind kind, std::vector<vbs::Value> args) {
+    vbs::Value invoke(const std::u16string& name, vbs::InvokeKind kind,
+                      std::vector<vbs::Value> args) {
         int id = fx->memberId(name);
         if (id < 0) throw vbs::ScriptError(vbs::ErrorCode::NoSuchMember, name);
         std::vector<vbs::Value*> refs;
-        for (auto& a : args) refs.push_back(&a);
+        for (auto& a : args)
+            refs.push_back(&a);
         return fx->invoke(id, kind, refs);
     }
     vbs::Value call(const std::u16string& name, std::vector<vbs::Value> args = {}) {
@@ -45,7 +48,9 @@ public:
     void let(const std::u16string& name, vbs::Value value) {
         invoke(name, vbs::InvokeKind::PropertyLet, {std::move(value)});
     }
-    void letPath(const std::u16string& name, const std::string& path) { let(name, vbs::Value(vbs::fromUtf8(path))); }
+    void letPath(const std::u16string& name, const std::string& path) {
+        let(name, vbs::Value(vbs::fromUtf8(path)));
+    }
     void load(const std::string& path) { letPath(u"filename", path); }
     void saveAs(const std::string& path) {
         letPath(u"SaveFileName", path);
@@ -72,6 +77,12 @@ public:
     std::string lastDescription;
 };
 
-inline vbs::Value I(int v) { return vbs::Value(int16_t(v)); }
-inline vbs::Value L(int v) { return vbs::Value(int32_t(v)); }
-inline vbs::Value S(const char* s) { return vbs::Value(vbs::fromUtf8(s)); }
+inline vbs::Value I(int v) {
+    return vbs::Value(int16_t(v));
+}
+inline vbs::Value L(int v) {
+    return vbs::Value(int32_t(v));
+}
+inline vbs::Value S(const char* s) {
+    return vbs::Value(vbs::fromUtf8(s));
+}

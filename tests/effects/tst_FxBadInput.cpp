@@ -13,7 +13,9 @@ using namespace testsupport;
 namespace {
 
 // Loads a file and returns the script error number (0 on success).
-int loadError(FxDriver& d, const std::string& path) { return d.errorOf([&] { d.load(path); }); }
+int loadError(FxDriver& d, const std::string& path) {
+    return d.errorOf([&] { d.load(path); });
+}
 
 } // namespace
 
@@ -90,7 +92,8 @@ TEST(FxBadInput, DamageFoundOnlyWhileDecodingIsReportedAtSaveAndTheTargetKept) {
     TempDir dir;
     // A JPEG whose end marker survives but whose middle is overwritten.
     std::string photo = readFile(samplePhoto());
-    for (size_t k = photo.size() / 3; k < photo.size() / 3 + 4000; ++k) photo[k] = '\xFF';
+    for (size_t k = photo.size() / 3; k < photo.size() / 3 + 4000; ++k)
+        photo[k] = '\xFF';
     writeFile(dir.str("mangled.jpg"), photo);
     writeFile(dir.str("target.png"), "previous");
     FxDriver d;
@@ -112,7 +115,8 @@ TEST(FxBadInput, MetafilesLoadThroughImageMagick) {
     writeFile(dir.str("drawing.wmf"), wmfFile());
     FxDriver d;
     int err = loadError(d, dir.str("drawing.wmf"));
-    if (err && d.lastDescription.find("delegate") != std::string::npos) GTEST_SKIP() << d.lastDescription;
+    if (err && d.lastDescription.find("delegate") != std::string::npos)
+        GTEST_SKIP() << d.lastDescription;
     ASSERT_EQ(err, 0) << d.lastDescription;
     EXPECT_EQ(d.get(u"IFormat").toLong(), 15);
     EXPECT_EQ(d.width(), 72); // one inch at 72 dots per inch
@@ -150,17 +154,21 @@ TEST_P(FxLoadFormats, LoadsByContent) {
     vips::VImage img = gradient(48, 32);
     std::string ext = std::string(c.name).substr(std::string(c.name).find('.') + 1);
     try {
-        if (ext == "bmp" || ext == "dib" || ext == "rle") img.magicksave(path.c_str(), vips::VImage::option()->set("format", "BMP"));
+        if (ext == "bmp" || ext == "dib" || ext == "rle")
+            img.magicksave(path.c_str(), vips::VImage::option()->set("format", "BMP"));
         else if (ext == "pcx" || ext == "dcx" || ext == "tga" || ext == "ico")
             img.magicksave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
         else if (ext == "jif")
             img.jpegsave(path.c_str());
         else if (ext == "heic")
-            img.heifsave(path.c_str(), vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
+            img.heifsave(path.c_str(), vips::VImage::option()->set(
+                                           "compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
         else if (ext == "avif")
-            img.heifsave(path.c_str(), vips::VImage::option()->set("compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1));
+            img.heifsave(path.c_str(), vips::VImage::option()->set(
+                                           "compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1));
         else if (ext == "pgm" || ext == "pbm")
-            img.colourspace(VIPS_INTERPRETATION_B_W).ppmsave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
+            img.colourspace(VIPS_INTERPRETATION_B_W)
+                .ppmsave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
         else
             img.write_to_file(path.c_str());
     } catch (const vips::VError& e) {

@@ -14,7 +14,7 @@ namespace {
 struct FormatCase {
     const char* ext;
     int code;
-    int bpp; // bits per pixel read back
+    int bpp;           // bits per pixel read back
     const char* saver; // the libvips operation the format needs
 };
 
@@ -25,7 +25,8 @@ void loadSmallPhoto(FxDriver& d) {
 }
 
 bool codecMissing(const std::string& description) {
-    for (const char* hint : {"no encoder", "unsupported", "not supported", "No codec", "no decoder"})
+    for (const char* hint :
+         {"no encoder", "unsupported", "not supported", "No codec", "no decoder"})
         if (description.find(hint) != std::string::npos) return true;
     return false;
 }
@@ -63,22 +64,17 @@ TEST_P(FxFormatRoundTrip, SavedAndReadBack) {
     EXPECT_EQ(byCode.width(), w);
 }
 
-INSTANTIATE_TEST_SUITE_P(AllWritable, FxFormatRoundTrip,
-                         ::testing::Values(FormatCase{"bmp", 1, 24, "magicksave"},
-                                           FormatCase{"gif", 2, 8, "gifsave"},
-                                           FormatCase{"jpg", 3, 24, "jpegsave"},
-                                           FormatCase{"tif", 4, 24, "tiffsave"},
-                                           FormatCase{"png", 5, 24, "pngsave"},
-                                           FormatCase{"ppm", 6, 24, "ppmsave"},
-                                           FormatCase{"pgm", 7, 8, "ppmsave"},
-                                           FormatCase{"pbm", 8, 1, "ppmsave"},
-                                           FormatCase{"pcx", 9, 24, "magicksave"},
-                                           FormatCase{"dcx", 10, 24, "magicksave"},
-                                           FormatCase{"tga", 11, 24, "magicksave"},
-                                           FormatCase{"ico", 12, 32, "magicksave"},
-                                           FormatCase{"webp", 13, 24, "webpsave"},
-                                           FormatCase{"avif", 14, 24, "heifsave"}),
-                         [](const auto& info) { return std::string(info.param.ext); });
+INSTANTIATE_TEST_SUITE_P(
+    AllWritable, FxFormatRoundTrip,
+    ::testing::Values(
+        FormatCase{"bmp", 1, 24, "magicksave"}, FormatCase{"gif", 2, 8, "gifsave"},
+        FormatCase{"jpg", 3, 24, "jpegsave"}, FormatCase{"tif", 4, 24, "tiffsave"},
+        FormatCase{"png", 5, 24, "pngsave"}, FormatCase{"ppm", 6, 24, "ppmsave"},
+        FormatCase{"pgm", 7, 8, "ppmsave"}, FormatCase{"pbm", 8, 1, "ppmsave"},
+        FormatCase{"pcx", 9, 24, "magicksave"}, FormatCase{"dcx", 10, 24, "magicksave"},
+        FormatCase{"tga", 11, 24, "magicksave"}, FormatCase{"ico", 12, 32, "magicksave"},
+        FormatCase{"webp", 13, 24, "webpsave"}, FormatCase{"avif", 14, 24, "heifsave"}),
+    [](const auto& info) { return std::string(info.param.ext); });
 
 TEST(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
     TempDir dir;
@@ -164,8 +160,8 @@ TEST(FxFormats, PngGifAndNetpbmOptions) {
     EXPECT_TRUE(gifInterlaced(readFile(dir.str("i.gif"))));
 
     for (auto [member, ext, raw, ascii] : {std::tuple{u"SavePBMType", "pbm", "P4", "P1"},
-                                          std::tuple{u"SavePGMType", "pgm", "P5", "P2"},
-                                          std::tuple{u"SavePPMType", "ppm", "P6", "P3"}}) {
+                                           std::tuple{u"SavePGMType", "pgm", "P5", "P2"},
+                                           std::tuple{u"SavePPMType", "ppm", "P6", "P3"}}) {
         d.saveAs(dir.str(std::string("raw.") + ext));
         EXPECT_EQ(readFile(dir.str(std::string("raw.") + ext)).substr(0, 2), raw);
         d.let(member, I(1));
@@ -206,7 +202,8 @@ TEST(FxFormats, MultiPageAppendAndPageSelection) {
     reader.let(u"PageNbr", I(2));
     reader.load(tif);
     EXPECT_EQ(reader.width(), d.width());
-    EXPECT_LT(vips::VImage::new_from_file(tif.c_str()).avg(), 255 - reader.control->image().avg() + 30);
+    EXPECT_LT(vips::VImage::new_from_file(tif.c_str()).avg(),
+              255 - reader.control->image().avg() + 30);
     reader.let(u"PageNbr", I(9));
     EXPECT_EQ(reader.errorOf([&] { reader.load(tif); }), 20010);
     // A page of another size cannot join the file; the file keeps its pages.
@@ -221,7 +218,9 @@ TEST(FxFormats, MetadataAndOrientationKept) {
         "srgb", vips::VImage::option()->set("input_profile", "srgb")->set("embedded", false));
     img = img.copy();
     img.set(VIPS_META_ORIENTATION, 6);
-    const std::string xmp = "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"/></x:xmpmeta>";
+    const std::string xmp =
+        "<x:xmpmeta xmlns:x=\"adobe:ns:meta/\"><rdf:RDF "
+        "xmlns:rdf=\"http://www.w3.org/1999/02/22-rdf-syntax-ns#\"/></x:xmpmeta>";
     vips_image_set_blob_copy(img.get_image(), VIPS_META_XMP_NAME, xmp.data(), xmp.size());
     img.jpegsave(dir.str("in.jpg").c_str());
 
@@ -241,7 +240,8 @@ TEST(FxFormats, MetadataAndOrientationKept) {
         if (std::string(name) != "out.tif") { // libvips writes no EXIF into TIFF
             EXPECT_NE(out.get_typeof(VIPS_META_EXIF_NAME), 0u) << name;
         }
-        int orientation = out.get_typeof(VIPS_META_ORIENTATION) ? out.get_int(VIPS_META_ORIENTATION) : 1;
+        int orientation =
+            out.get_typeof(VIPS_META_ORIENTATION) ? out.get_int(VIPS_META_ORIENTATION) : 1;
         EXPECT_EQ(orientation, 1) << name;
     }
 }
@@ -262,9 +262,10 @@ TEST(FxFormats, MultiPageGifAndDcx) {
 
 TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
     TempDir dir;
-    vips::VImage deep = (gradient(64, 48).cast(VIPS_FORMAT_USHORT) * 257)
-                            .cast(VIPS_FORMAT_USHORT)
-                            .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
+    vips::VImage deep =
+        (gradient(64, 48).cast(VIPS_FORMAT_USHORT) * 257)
+            .cast(VIPS_FORMAT_USHORT)
+            .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
     deep.pngsave(dir.str("deep.png").c_str());
     FxDriver d;
     d.load(dir.str("deep.png"));
@@ -274,5 +275,6 @@ TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
     EXPECT_NEAR(flat.avg(), gradient(64, 48).avg(), 3);
     d.call(u"Negate");
     d.saveAs(dir.str("neg.png"));
-    EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(), 255 - gradient(64, 48).avg(), 3);
+    EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(),
+                255 - gradient(64, 48).avg(), 3);
 }

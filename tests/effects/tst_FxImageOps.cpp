@@ -88,10 +88,14 @@ TEST_F(FxOps, ColorizeGreysThenAddsTheColour) {
 }
 
 TEST_F(FxOps, ColorDepthLimitsColoursAndBitsPerPixel) {
-    struct Case { int bits, palette; bool dither; int maxColours; };
-    for (Case c : {Case{1, 0, false, 2}, Case{1, 0, true, 2}, Case{4, 0, false, 16}, Case{4, 1, true, 16},
-                   Case{8, 0, true, 256}, Case{8, 1, false, 256}, Case{16, 0, false, 65536},
-                   Case{24, 0, false, 1 << 24}}) {
+    struct Case {
+        int bits, palette;
+        bool dither;
+        int maxColours;
+    };
+    for (Case c : {Case{1, 0, false, 2}, Case{1, 0, true, 2}, Case{4, 0, false, 16},
+                   Case{4, 1, true, 16}, Case{8, 0, true, 256}, Case{8, 1, false, 256},
+                   Case{16, 0, false, 65536}, Case{24, 0, false, 1 << 24}}) {
         d.load(dir.str("g.jpg"));
         d.call(u"ColorDepth", {I(c.bits), I(c.palette), vbs::Value(c.dither)});
         EXPECT_EQ(d.get(u"IBPP").toLong(), c.bits) << c.bits;
@@ -123,7 +127,8 @@ TEST_F(FxOps, ColorSeparationPlanes) {
     EXPECT_EQ((image().cast(VIPS_FORMAT_INT) - original[0].cast(VIPS_FORMAT_INT)).abs().max(), 0);
     d.load(dir.str("g.jpg"));
     d.call(u"ColorSeparation", {I(7)}); // CMY, magenta
-    EXPECT_EQ((image().cast(VIPS_FORMAT_INT) + original[1].cast(VIPS_FORMAT_INT) - 255).abs().max(), 0);
+    EXPECT_EQ((image().cast(VIPS_FORMAT_INT) + original[1].cast(VIPS_FORMAT_INT) - 255).abs().max(),
+              0);
     d.load(dir.str("g.jpg"));
     d.call(u"ColorSeparation", {I(12)}); // CMYK, black
     auto px = original.getpoint(5, 5);

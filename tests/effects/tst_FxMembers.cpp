@@ -11,27 +11,130 @@ using testsupport::TempDir;
 namespace {
 
 // The fixed dispatch order; "rw" names take two entries (read, then write).
-const char* const kOrder[] = {
-    "Init", "Colorize", "ResizePercent", "ResizeAspect", "PrinterTop rw", "PrinterWidth rw",
-    "PageNbr rw", "BackColor rw", "SavePNGInterlaced rw", "SavePPMType rw", "SaveTIFCompression rw",
-    "PrinterhDC rw", "PrinterHeight rw", "PrinterLeft rw", "SaveJPGProgressive rw",
-    "SaveJPGSubSampling rw", "SaveLJPCompMethod rw", "SaveLJPCompType rw", "SaveLJPPrediction rw",
-    "SaveMultiPage rw", "SaveGIFType rw", "SaveJPGGrayscale rw", "SaveJPGLumFactor rw",
-    "SaveJPGChromFactor rw", "SaveFileName rw", "SaveFileNameAddPrefix", "SaveFileNameExtension",
-    "SaveGIFInterlaced rw", "SaveGIFTColor rw", "SaveGIFTransparent rw", "Font", "PICPassword",
-    "SaveFile", "Copy", "Paste", "Undo", "MsgDisplay", "filename rw", "SaveFileType rw",
-    "AutoContrast", "Blur", "Diffuse", "Dilate", "Emboss", "Equalize", "Erode", "Flip", "Median",
-    "Mirror", "Negate", "Outline", "Brightness", "Blend", "Buttonize", "AdjustHSL", "DrawText",
-    "AdjustRGB", "ColorDepth", "Crop", "AutoCrop", "Matrix", "Mosaic", "Posterize", "ReplaceColors",
-    "Sharpen", "Rotate", "Soften", "Solarize", "Resample", "Resize", "Swirl", "Twist", "CropBorder",
-    "Tile", "MBlur", "Ripple", "DrawCircle", "DrawCurve", "DrawPolygon", "DrawPie", "DrawLine",
-    "DrawRoundRect", "DrawArc", "Area", "Merge", "PWarp", "CaptureWindow", "DrawMode",
-    "DrawFillColor", "DrawFillStyle", "Gamma", "DrawStyle", "DrawWidth", "Noise", "Parabolic",
-    "Perspective", "PICResize", "Pinch", "Picture", "UniqueColors", "NumPages", "IBPP", "IFileSize",
-    "IFormat", "IHeight", "ImagError", "ImagHeight", "ImagWidth", "IPAdjustBlue", "IPAdjustGreen",
-    "IPAdjustRed", "IPAdjustHue", "IPAdjustLum", "IPAdjustSat", "IPAdjustType", "IPArea",
-    "IPAreaHeight", "IPAreaWidth", "IPAreaX", "IPAreaY", "hWnd", "SavePBMType rw", "SavePGMType rw",
-    "ColorSeparation"};
+const char* const kOrder[] = {"Init",
+                              "Colorize",
+                              "ResizePercent",
+                              "ResizeAspect",
+                              "PrinterTop rw",
+                              "PrinterWidth rw",
+                              "PageNbr rw",
+                              "BackColor rw",
+                              "SavePNGInterlaced rw",
+                              "SavePPMType rw",
+                              "SaveTIFCompression rw",
+                              "PrinterhDC rw",
+                              "PrinterHeight rw",
+                              "PrinterLeft rw",
+                              "SaveJPGProgressive rw",
+                              "SaveJPGSubSampling rw",
+                              "SaveLJPCompMethod rw",
+                              "SaveLJPCompType rw",
+                              "SaveLJPPrediction rw",
+                              "SaveMultiPage rw",
+                              "SaveGIFType rw",
+                              "SaveJPGGrayscale rw",
+                              "SaveJPGLumFactor rw",
+                              "SaveJPGChromFactor rw",
+                              "SaveFileName rw",
+                              "SaveFileNameAddPrefix",
+                              "SaveFileNameExtension",
+                              "SaveGIFInterlaced rw",
+                              "SaveGIFTColor rw",
+                              "SaveGIFTransparent rw",
+                              "Font",
+                              "PICPassword",
+                              "SaveFile",
+                              "Copy",
+                              "Paste",
+                              "Undo",
+                              "MsgDisplay",
+                              "filename rw",
+                              "SaveFileType rw",
+                              "AutoContrast",
+                              "Blur",
+                              "Diffuse",
+                              "Dilate",
+                              "Emboss",
+                              "Equalize",
+                              "Erode",
+                              "Flip",
+                              "Median",
+                              "Mirror",
+                              "Negate",
+                              "Outline",
+                              "Brightness",
+                              "Blend",
+                              "Buttonize",
+                              "AdjustHSL",
+                              "DrawText",
+                              "AdjustRGB",
+                              "ColorDepth",
+                              "Crop",
+                              "AutoCrop",
+                              "Matrix",
+                              "Mosaic",
+                              "Posterize",
+                              "ReplaceColors",
+                              "Sharpen",
+                              "Rotate",
+                              "Soften",
+                              "Solarize",
+                              "Resample",
+                              "Resize",
+                              "Swirl",
+                              "Twist",
+                              "CropBorder",
+                              "Tile",
+                              "MBlur",
+                              "Ripple",
+                              "DrawCircle",
+                              "DrawCurve",
+                              "DrawPolygon",
+                              "DrawPie",
+                              "DrawLine",
+                              "DrawRoundRect",
+                              "DrawArc",
+                              "Area",
+                              "Merge",
+                              "PWarp",
+                              "CaptureWindow",
+                              "DrawMode",
+                              "DrawFillColor",
+                              "DrawFillStyle",
+                              "Gamma",
+                              "DrawStyle",
+                              "DrawWidth",
+                              "Noise",
+                              "Parabolic",
+                              "Perspective",
+                              "PICResize",
+                              "Pinch",
+                              "Picture",
+                              "UniqueColors",
+                              "NumPages",
+                              "IBPP",
+                              "IFileSize",
+                              "IFormat",
+                              "IHeight",
+                              "ImagError",
+                              "ImagHeight",
+                              "ImagWidth",
+                              "IPAdjustBlue",
+                              "IPAdjustGreen",
+                              "IPAdjustRed",
+                              "IPAdjustHue",
+                              "IPAdjustLum",
+                              "IPAdjustSat",
+                              "IPAdjustType",
+                              "IPArea",
+                              "IPAreaHeight",
+                              "IPAreaWidth",
+                              "IPAreaX",
+                              "IPAreaY",
+                              "hWnd",
+                              "SavePBMType rw",
+                              "SavePGMType rw",
+                              "ColorSeparation"};
 
 } // namespace
 
@@ -109,13 +212,15 @@ TEST(FxMembers, UnimplementedMembersRaise445NamingTheMember) {
     // A plain method the control has no operation for (none once every effect is in).
     const fx::MemberDef* missing = nullptr;
     for (const auto& m : fx::memberTable())
-        if (m.kind == fx::MemberKind::Method && !m.handler && !imaging::findOperation(vbs::toUtf8(m.name))) {
+        if (m.kind == fx::MemberKind::Method && !m.handler &&
+            !imaging::findOperation(vbs::toUtf8(m.name))) {
             missing = &m;
             break;
         }
     if (!missing) GTEST_SKIP() << "every fx method has a control operation";
     std::vector<vbs::Value> args;
-    for (char c : missing->args) args.push_back(c == 'v' ? vbs::Value::missing() : c == 's' ? S("x") : I(1));
+    for (char c : missing->args)
+        args.push_back(c == 'v' ? vbs::Value::missing() : c == 's' ? S("x") : I(1));
     EXPECT_EQ(d.errorOf([&] { d.call(std::u16string(missing->name), args); }), 445);
     EXPECT_NE(d.lastDescription.find(vbs::toUtf8(missing->name)), std::string::npos);
     EXPECT_EQ(d.get(u"ImagError").toLong(), 445);
@@ -162,7 +267,8 @@ TEST(FxMembers, PictureAndStoredProperties) {
     vbs::Dispatch* p = pic.toDispatch();
     std::vector<vbs::Value*> none;
     EXPECT_EQ(p->invoke(p->memberId(u"Width"), vbs::InvokeKind::PropertyGet, none).toLong(), 40);
-    for (const char16_t* name : {u"PrinterTop", u"PrinterWidth", u"PrinterhDC", u"PrinterHeight", u"PrinterLeft"}) {
+    for (const char16_t* name :
+         {u"PrinterTop", u"PrinterWidth", u"PrinterhDC", u"PrinterHeight", u"PrinterLeft"}) {
         d.let(name, L(1440));
         EXPECT_EQ(d.get(name).toLong(), 1440);
     }
@@ -171,7 +277,8 @@ TEST(FxMembers, PictureAndStoredProperties) {
     EXPECT_EQ(d.get(u"IPArea").toBoolean(), false);
     EXPECT_EQ(d.get(u"IBPP").type(), vbs::VarType::Integer);
     EXPECT_EQ(d.get(u"SaveJPGProgressive").type(), vbs::VarType::Boolean);
-    d.call(u"Font", {S("DejaVu Sans"), L(20), vbs::Value(true), vbs::Value(false), vbs::Value(true), vbs::Value(false)});
+    d.call(u"Font", {S("DejaVu Sans"), L(20), vbs::Value(true), vbs::Value(false), vbs::Value(true),
+                     vbs::Value(false)});
     const auto& font = d.control->drawState().font;
     EXPECT_EQ(font.name, "DejaVu Sans");
     EXPECT_EQ(font.size, 20);
@@ -189,7 +296,8 @@ struct CallLog {
     void attach(imaging::ImagingControl& c) {
         c.setInvokeObserver([this](std::string_view name, std::span<const imaging::Arg> args) {
             std::vector<int> values;
-            for (const auto& a : args) values.push_back(std::holds_alternative<int32_t>(a) ? std::get<int32_t>(a) : -9999);
+            for (const auto& a : args)
+                values.push_back(std::holds_alternative<int32_t>(a) ? std::get<int32_t>(a) : -9999);
             calls.emplace_back(std::string(name), values);
         });
     }
@@ -204,7 +312,10 @@ TEST(FxMembers, MembersWithLogicCallTheControlInTheRequiredOrder) {
     d.load(dir.str("a.jpg"));
     CallLog log;
     log.attach(*d.control);
-    d.errorOf([&] { d.call(u"Matrix", {I(1), I(2), I(11), I(12), I(13), I(14), I(15), I(16), I(17), I(18), I(19)}); });
+    d.errorOf([&] {
+        d.call(u"Matrix",
+               {I(1), I(2), I(11), I(12), I(13), I(14), I(15), I(16), I(17), I(18), I(19)});
+    });
     ASSERT_GE(log.calls.size(), 1u);
     EXPECT_EQ(log.calls[0].first, "Matrix");
     EXPECT_EQ(log.calls[0].second, (std::vector<int>{11, 12, 13, 14, 15, 16, 17, 18, 19, 2, 1}));
@@ -213,7 +324,8 @@ TEST(FxMembers, MembersWithLogicCallTheControlInTheRequiredOrder) {
     d.call(u"Colorize", {L(0x00FF8040)}); // red 0x40, green 0x80, blue 0xFF
     ASSERT_EQ(log.calls.size(), 2u);
     EXPECT_EQ(log.calls[0], (std::pair<std::string, std::vector<int>>{"AdjustHSL", {0, -100, 0}}));
-    EXPECT_EQ(log.calls[1], (std::pair<std::string, std::vector<int>>{"AdjustRGB", {1, 0x40, 0x80, 0xFF}}));
+    EXPECT_EQ(log.calls[1],
+              (std::pair<std::string, std::vector<int>>{"AdjustRGB", {1, 0x40, 0x80, 0xFF}}));
 
     log.calls.clear();
     d.call(u"ResizeAspect", {L(500), L(200), vbs::Value(false)});

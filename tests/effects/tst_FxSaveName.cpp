@@ -18,7 +18,8 @@ std::string withExtension(const char* name, const char* ext) {
 std::string withPrefix(const char* name, const char* prefix, int times = 1) {
     FxDriver d;
     d.let(u"SaveFileName", S(name));
-    for (int k = 0; k < times; ++k) d.call(u"SaveFileNameAddPrefix", {S(prefix)});
+    for (int k = 0; k < times; ++k)
+        d.call(u"SaveFileNameAddPrefix", {S(prefix)});
     return d.str(u"SaveFileName");
 }
 
@@ -35,7 +36,8 @@ TEST(FxSaveName, ExtensionIsFoundAtTheFixedPositionsOnly) {
     EXPECT_EQ(withExtension("a.ab", "gif"), "a.gif");    // two letters: 3rd from the end
     EXPECT_EQ(withExtension("a.b", "gif"), "a.gif");     // one letter: 2nd from the end
     EXPECT_EQ(withExtension("a.abcde", "gif"), "a.gif"); // five letters: 6th from the end
-    EXPECT_EQ(withExtension("C:\\d.x\\ab", "gif"), "C:\\d.gif"); // a folder dot at a tested position
+    EXPECT_EQ(withExtension("C:\\d.x\\ab", "gif"),
+              "C:\\d.gif"); // a folder dot at a tested position
 }
 
 TEST(FxSaveName, PrefixGoesBeforeTheNamePart) {
@@ -67,7 +69,8 @@ protected:
         testsupport::writeJpeg(dir.str("land.jpg"), 400, 300);
         testsupport::writeJpeg(dir.str("port.jpg"), 300, 400);
     }
-    std::pair<int, int> after(const char* file, const std::u16string& member, std::vector<vbs::Value> args) {
+    std::pair<int, int> after(const char* file, const std::u16string& member,
+                              std::vector<vbs::Value> args) {
         FxDriver d;
         d.load(dir.str(file));
         d.call(member, std::move(args));

@@ -23,7 +23,9 @@ struct ScriptRun {
 };
 
 // Scripts write paths in the "\\" form.
-std::string bs(const std::string& path) { return NativePath::toBackslash(path); }
+std::string bs(const std::string& path) {
+    return NativePath::toBackslash(path);
+}
 
 } // namespace
 
@@ -31,12 +33,14 @@ TEST(FxScripts, ResizeRenameAndSaveABatchPhoto) {
     TempDir dir;
     testsupport::writeJpeg(dir.str("p.jpg"), 400, 300);
     ScriptRun s;
-    ASSERT_TRUE(s.run("fx.filename = \"" + bs(dir.str("p.jpg")) + "\"\n"
-                      "fx.ResizePercent 50\n"
-                      "fx.SaveFileNameAddPrefix \"small_\"\n"
-                      "fx.SaveFileNameExtension \"png\"\n"
-                      "fx.SaveFile\n"
-                      "fx.MsgDisplay fx.ImagWidth & \"x\" & fx.IHeight & \" \" & fx.SaveFileName\n"))
+    ASSERT_TRUE(
+        s.run("fx.filename = \"" + bs(dir.str("p.jpg")) +
+              "\"\n"
+              "fx.ResizePercent 50\n"
+              "fx.SaveFileNameAddPrefix \"small_\"\n"
+              "fx.SaveFileNameExtension \"png\"\n"
+              "fx.SaveFile\n"
+              "fx.MsgDisplay fx.ImagWidth & \"x\" & fx.IHeight & \" \" & fx.SaveFileName\n"))
         << vbs::toUtf8(s.control.error().description);
     ASSERT_EQ(s.fx.host.prompts.size(), 1u);
     EXPECT_EQ(vbs::toUtf8(s.fx.host.prompts[0]), "200x150 " + bs(dir.str("small_p.png")));
@@ -54,7 +58,9 @@ TEST(FxScripts, ErrorsReachTheScriptWithNumberAndLine) {
 
     ScriptRun t;
     ASSERT_TRUE(t.run("On Error Resume Next\n"
-                      "fx.filename = \"" + dir.str("missing.jpg") + "\"\n"
+                      "fx.filename = \"" +
+                      dir.str("missing.jpg") +
+                      "\"\n"
                       "fx.MsgDisplay Err.Number & \" \" & fx.ImagError\n"));
     ASSERT_EQ(t.fx.host.prompts.size(), 1u);
     EXPECT_EQ(vbs::toUtf8(t.fx.host.prompts[0]), "20001 20001");
@@ -63,5 +69,6 @@ TEST(FxScripts, ErrorsReachTheScriptWithNumberAndLine) {
     EXPECT_FALSE(u.run("fx.filename = \"" + dir.str("p.jpg") + "\"\nfx.SaveFileName = \"" +
                        dir.str("nowhere\\x.jpg") + "\"\nfx.SaveFile\n"));
     EXPECT_EQ(u.control.error().number, 20005);
-    EXPECT_NE(vbs::toUtf8(u.control.error().description).find("folder not found"), std::string::npos);
+    EXPECT_NE(vbs::toUtf8(u.control.error().description).find("folder not found"),
+              std::string::npos);
 }

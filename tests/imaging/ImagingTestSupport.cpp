@@ -30,7 +30,8 @@ TempDir::~TempDir() {
 
 std::vector<std::string> TempDir::entries() const {
     std::vector<std::string> names;
-    for (auto& e : fs::directory_iterator(m_path)) names.push_back(e.path().filename().string());
+    for (auto& e : fs::directory_iterator(m_path))
+        names.push_back(e.path().filename().string());
     return names;
 }
 
@@ -39,8 +40,10 @@ VImage gradient(int width, int height) {
     VImage x = xy[0] * (255.0 / std::max(width - 1, 1));
     VImage y = xy[1] * (255.0 / std::max(height - 1, 1));
     VImage b = (x + y) / 2;
-    return x.bandjoin(y).bandjoin(255 - b).cast(VIPS_FORMAT_UCHAR).copy(
-        VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
+    return x.bandjoin(y)
+        .bandjoin(255 - b)
+        .cast(VIPS_FORMAT_UCHAR)
+        .copy(VImage::option()->set("interpretation", VIPS_INTERPRETATION_sRGB));
 }
 
 void writeJpeg(const std::string& path, int width, int height, int orientation) {
@@ -49,8 +52,12 @@ void writeJpeg(const std::string& path, int width, int height, int orientation) 
     img.jpegsave(path.c_str(), VImage::option()->set("Q", 90));
 }
 
-std::string sourceDir() { return VANTOREL_SOURCE_DIR; }
-std::string samplePhoto() { return sourceDir() + "/data/samples/umang.jpg"; }
+std::string sourceDir() {
+    return VANTOREL_SOURCE_DIR;
+}
+std::string samplePhoto() {
+    return sourceDir() + "/data/samples/umang.jpg";
+}
 
 std::string readFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
@@ -65,10 +72,18 @@ void writeFile(const std::string& path, const std::string& bytes) {
 }
 
 namespace {
-int u8(const std::string& b, size_t k) { return k < b.size() ? static_cast<unsigned char>(b[k]) : 0; }
-int be16(const std::string& b, size_t k) { return u8(b, k) << 8 | u8(b, k + 1); }
-int le16(const std::string& b, size_t k) { return u8(b, k) | u8(b, k + 1) << 8; }
-uint32_t le32(const std::string& b, size_t k) { return uint32_t(le16(b, k)) | uint32_t(le16(b, k + 2)) << 16; }
+int u8(const std::string& b, size_t k) {
+    return k < b.size() ? static_cast<unsigned char>(b[k]) : 0;
+}
+int be16(const std::string& b, size_t k) {
+    return u8(b, k) << 8 | u8(b, k + 1);
+}
+int le16(const std::string& b, size_t k) {
+    return u8(b, k) | u8(b, k + 1) << 8;
+}
+uint32_t le32(const std::string& b, size_t k) {
+    return uint32_t(le16(b, k)) | uint32_t(le16(b, k + 2)) << 16;
+}
 
 // Offset of the first start-of-frame segment of a JPEG, or 0.
 size_t jpegFrame(const std::string& b, int* marker) {
@@ -88,7 +103,8 @@ uint32_t crc32(const std::string& data) {
     uint32_t crc = 0xFFFFFFFF;
     for (unsigned char c : data) {
         crc ^= c;
-        for (int k = 0; k < 8; ++k) crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
+        for (int k = 0; k < 8; ++k)
+            crc = (crc >> 1) ^ (0xEDB88320 & (0 - (crc & 1)));
     }
     return ~crc;
 }
@@ -130,7 +146,9 @@ int tiffCompressionTag(const std::string& b) {
     return -1;
 }
 
-bool pngInterlaced(const std::string& b) { return u8(b, 28) == 1; }
+bool pngInterlaced(const std::string& b) {
+    return u8(b, 28) == 1;
+}
 
 bool gifInterlaced(const std::string& b) {
     size_t k = 13;
@@ -139,7 +157,8 @@ bool gifInterlaced(const std::string& b) {
         if (u8(b, k) == 0x2C) return (u8(b, k + 9) & 0x40) != 0;
         if (u8(b, k) != 0x21) return false;
         k += 2;
-        while (k < b.size() && u8(b, k) != 0) k += u8(b, k) + 1;
+        while (k < b.size() && u8(b, k) != 0)
+            k += u8(b, k) + 1;
         ++k;
     }
     return false;
@@ -147,7 +166,8 @@ bool gifInterlaced(const std::string& b) {
 
 std::string pngHeaderOnly(uint32_t width, uint32_t height) {
     std::string ihdr = be32(width) + be32(height) + std::string("\x08\x02\x00\x00\x00", 5);
-    return std::string("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", ihdr) + chunk("IDAT", std::string("\x78\x9c\x03\x00\x00\x00\x00\x01", 8)) + chunk("IEND", "");
+    return std::string("\x89PNG\r\n\x1a\n", 8) + chunk("IHDR", ihdr) +
+           chunk("IDAT", std::string("\x78\x9c\x03\x00\x00\x00\x00\x01", 8)) + chunk("IEND", "");
 }
 
 std::string rle8Bitmap() {
@@ -157,9 +177,11 @@ std::string rle8Bitmap() {
     std::string pixels("\x06\x01\x00\x00\x06\x00\x00\x01", 8);
     std::string palette("\x00\x00\xFF\x00\xFF\x00\x00\x00", 8); // BGRA: red, blue
     std::string info = le32s(40) + le32s(6) + le32s(2) + le16s(1) + le16s(8) + le32s(1) +
-                       le32s(uint32_t(pixels.size())) + le32s(2835) + le32s(2835) + le32s(2) + le32s(2);
+                       le32s(uint32_t(pixels.size())) + le32s(2835) + le32s(2835) + le32s(2) +
+                       le32s(2);
     uint32_t offset = 14 + uint32_t(info.size() + palette.size());
-    return "BM" + le32s(offset + uint32_t(pixels.size())) + le32s(0) + le32s(offset) + info + palette + pixels;
+    return "BM" + le32s(offset + uint32_t(pixels.size())) + le32s(0) + le32s(offset) + info +
+           palette + pixels;
 }
 
 std::string wmfFile() {
@@ -173,12 +195,13 @@ std::string wmfFile() {
         out += le16s(w);
     }
     out += le16s(checksum);
-    std::string records = le32s(5) + le16s(0x020B) + le16s(0) + le16s(0) +             // window origin
-                          le32s(5) + le16s(0x020C) + le16s(50) + le16s(100) +           // window extent
-                          le32s(7) + le16s(0x041B) + le16s(40) + le16s(90) + le16s(10) + le16s(10) + // rectangle
-                          le32s(3) + le16s(0);                                          // end
-    out += le16s(1) + le16s(9) + le16s(0x0300) + le32s(uint32_t(18 + records.size()) / 2) + le16s(0) +
-           le32s(7) + le16s(0);
+    std::string records = le32s(5) + le16s(0x020B) + le16s(0) + le16s(0) +    // window origin
+                          le32s(5) + le16s(0x020C) + le16s(50) + le16s(100) + // window extent
+                          le32s(7) + le16s(0x041B) + le16s(40) + le16s(90) + le16s(10) +
+                          le16s(10) +          // rectangle
+                          le32s(3) + le16s(0); // end
+    out += le16s(1) + le16s(9) + le16s(0x0300) + le32s(uint32_t(18 + records.size()) / 2) +
+           le16s(0) + le32s(7) + le16s(0);
     return out + records;
 }
 

@@ -12,13 +12,17 @@ using vips::VImage;
 
 namespace {
 
-int32_t intProp(ImagingControl& c, const char* name) { return std::get<int32_t>(c.property(name)); }
+int32_t intProp(ImagingControl& c, const char* name) {
+    return std::get<int32_t>(c.property(name));
+}
 
 double maxDifference(const VImage& a, const VImage& b) {
     return (a.cast(VIPS_FORMAT_INT) - b.cast(VIPS_FORMAT_INT)).abs().max();
 }
 
-void run(ImagingControl& c, const char* op, std::vector<Arg> args = {}) { c.invoke(op, args); }
+void run(ImagingControl& c, const char* op, std::vector<Arg> args = {}) {
+    c.invoke(op, args);
+}
 
 } // namespace
 
@@ -29,7 +33,8 @@ TEST(ImagingControl, LoadsARealPhotoWithItsInformation) {
     EXPECT_EQ(intProp(c, "IHeight"), 576);
     EXPECT_EQ(intProp(c, "IFormat"), 3);
     EXPECT_EQ(intProp(c, "IBPP"), 24);
-    EXPECT_EQ(intProp(c, "IFileSize"), static_cast<int32_t>(std::filesystem::file_size(testsupport::samplePhoto())));
+    EXPECT_EQ(intProp(c, "IFileSize"),
+              static_cast<int32_t>(std::filesystem::file_size(testsupport::samplePhoto())));
     EXPECT_GT(intProp(c, "UniqueColors"), 1000);
     EXPECT_EQ(intProp(c, "hWnd"), 0);
 }
@@ -44,7 +49,8 @@ TEST(ImagingControl, AppliesExifOrientationOnLoad) {
     EXPECT_EQ(intProp(c, "ImagHeight"), 400);
     c.setFileName(dir.str("r3.jpg"));
     auto topLeft = c.image().getpoint(2, 2);
-    EXPECT_GT(topLeft[0], 200); // the stored bottom-right corner (red and green high) is now top-left
+    EXPECT_GT(topLeft[0],
+              200); // the stored bottom-right corner (red and green high) is now top-left
     EXPECT_GT(topLeft[1], 200);
 }
 
@@ -66,7 +72,9 @@ TEST(ImagingControl, ShrinkOnLoadPicksTheLargestScaleAboveTheTarget) {
     c.resizeTo(300, 400, true);
     EXPECT_EQ(c.image().width(), 300);
     EXPECT_EQ(c.image().height(), 400);
-    EXPECT_LT(maxDifference(c.image(), testsupport::gradient(2000, 1500).rot(VIPS_ANGLE_D90).resize(0.2)), 40);
+    EXPECT_LT(
+        maxDifference(c.image(), testsupport::gradient(2000, 1500).rot(VIPS_ANGLE_D90).resize(0.2)),
+        40);
 }
 
 TEST(ImagingControl, GeometryInvariants) {
@@ -75,7 +83,8 @@ TEST(ImagingControl, GeometryInvariants) {
     ImagingControl c;
     c.setFileName(dir.str("g.jpg"));
     VImage original = c.image().copy_memory();
-    for (int k = 0; k < 4; ++k) run(c, "Rotate", {90.0});
+    for (int k = 0; k < 4; ++k)
+        run(c, "Rotate", {90.0});
     EXPECT_EQ(maxDifference(c.image(), original), 0);
     run(c, "Flip");
     run(c, "Flip");
@@ -157,7 +166,8 @@ TEST(ImagingControl, AreaAwareOperationsTouchOnlyTheProcessingArea) {
     VImage original = c.image().copy_memory();
     c.area() = AreaState{true, 10, 8, 20, 16};
     run(c, "Negate");
-    EXPECT_EQ(maxDifference(c.image().crop(10, 8, 20, 16), original.crop(10, 8, 20, 16).invert()), 0);
+    EXPECT_EQ(maxDifference(c.image().crop(10, 8, 20, 16), original.crop(10, 8, 20, 16).invert()),
+              0);
     EXPECT_EQ(maxDifference(c.image().crop(0, 0, 64, 8), original.crop(0, 0, 64, 8)), 0);
     EXPECT_EQ(maxDifference(c.image().crop(40, 0, 24, 48), original.crop(40, 0, 24, 48)), 0);
     // A grey plane inside a colour image: the area goes back as colour.

@@ -40,9 +40,9 @@ TEST(ImagingTables, FormatCodesAndExtensionsAreUnique) {
 }
 
 TEST(ImagingTables, EveryExtensionOfTheImageFilterHasAFormat) {
-    for (const char* ext : {"bmp", "dib", "gif", "jpg", "jpeg", "tif", "tiff", "wmf", "ico", "dcx",
-                            "jif", "ljp", "pbm", "pcx", "pgm", "pic", "png", "ppm", "rle", "tga",
-                            "wpg", "webp", "heic", "avif", "jxl", "JPG"})
+    for (const char* ext : {"bmp", "dib", "gif", "jpg",  "jpeg", "tif",  "tiff", "wmf", "ico",
+                            "dcx", "jif", "ljp", "pbm",  "pcx",  "pgm",  "pic",  "png", "ppm",
+                            "rle", "tga", "wpg", "webp", "heic", "avif", "jxl",  "JPG"})
         EXPECT_NE(formatByExtension(ext), nullptr) << ext;
     EXPECT_FALSE(formatByExtension("pic")->canLoad);
     EXPECT_FALSE(formatByExtension("ljp")->canSave);
@@ -52,7 +52,8 @@ TEST(ImagingTables, OperationsAreUniqueWithDefaultsInRange) {
     std::set<std::string> names;
     for (const OperationDef* op : allOperations()) {
         std::string lower(op->name);
-        for (auto& ch : lower) ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
+        for (auto& ch : lower)
+            ch = static_cast<char>(std::tolower(static_cast<unsigned char>(ch)));
         EXPECT_TRUE(names.insert(lower).second) << op->name;
         EXPECT_TRUE(op->apply || op->run) << op->name;
         EXPECT_FALSE(op->description.empty()) << op->name;
@@ -81,7 +82,8 @@ TEST(ImagingTables, PropertiesAreUniqueWithDefaultsInRange) {
 
 TEST(ImagingTables, ReferenceNamesEveryFormatPropertyAndOperation) {
     std::string text = referenceMarkdown();
-    for (const auto& f : allFormats()) EXPECT_NE(text.find(std::string(f.name)), std::string::npos);
+    for (const auto& f : allFormats())
+        EXPECT_NE(text.find(std::string(f.name)), std::string::npos);
     for (const PropertyDef* p : allProperties())
         EXPECT_NE(text.find("| " + std::string(p->name) + " |"), std::string::npos) << p->name;
     for (const OperationDef* op : allOperations())
