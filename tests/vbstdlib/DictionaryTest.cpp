@@ -94,3 +94,20 @@ TEST(Dictionary, ObjectKeysAreIdentities) {
     const Value arrayKey = Value::makeArray(std::vector<Value>{Value(int16_t(1))});
     EXPECT_EQ(errorOf([&] { invoke(*d, u"Add", {arrayKey, Value()}); }), 13);
 }
+
+TEST(Dictionary, ManyRemovalsKeepOrderAndLookups) {
+    auto d = dictionary();
+    for (int32_t i = 0; i < 100; ++i) invoke(*d, u"Add", {Value(i), Value(i * 10)});
+    for (int32_t i = 0; i < 100; i += 2) invoke(*d, u"Remove", {Value(i)});
+    invoke(*d, u"Add", {Value(int32_t(0)), Value(u"back")}); // a removed key can return, last
+    EXPECT_EQ(get(*d, u"Count").toLong(), 51);
+    const Value keys = get(*d, u"Keys");
+    ASSERT_EQ(keys.array()->items.size(), 51u);
+    EXPECT_EQ(keys.array()->items[0].toLong(), 1);
+    EXPECT_EQ(keys.array()->items[49].toLong(), 99);
+    EXPECT_EQ(keys.array()->items[50].toLong(), 0);
+    EXPECT_EQ(get(*d, u"Item", {Value(int32_t(51))}).toLong(), 510);
+    EXPECT_FALSE(get(*d, u"Exists", {Value(int32_t(50))}).toBoolean());
+    let(*d, u"Key", {Value(int32_t(99)), Value(u"last")});
+    EXPECT_EQ(get(*d, u"Item", {Value(u"last")}).toLong(), 990);
+}

@@ -17,7 +17,7 @@ public:
     bool enumerate(std::vector<Value>& out) override {
         out.clear();
         for (const Entry& e : m_entries)
-            out.push_back(e.key);
+            if (e.live) out.push_back(e.key);
         return true;
     }
 
@@ -53,8 +53,12 @@ public:
     Value remove(Args a) {
         const auto it = m_index.find(identity(*a[0]));
         if (it == m_index.end()) raise(ErrorCode::ElementNotFound);
-        m_entries.erase(m_entries.begin() + long(it->second));
-        reindex();
+        // Removal leaves a hole, so that emptying a large dictionary one key at a time stays
+        // linear; the holes are squeezed out once they outnumber the entries.
+        Entry& e = m_entries[it->second];
+        e = Entry{};
+        m_index.erase(it);
+        if (m_entries.size() > 16 && m_entries.size() > 2 * m_index.size()) compact();
         return Value();
     }
 
@@ -67,24 +71,24 @@ public:
     Value keys(Args) {
         std::vector<Value> out;
         for (const Entry& e : m_entries)
-            out.push_back(e.key);
+            if (e.live) out.push_back(e.key);
         return Value::makeArray(std::move(out));
     }
 
     Value items(Args) {
         std::vector<Value> out;
         for (const Entry& e : m_entries)
-            out.push_back(e.item);
+            if (e.live) out.push_back(e.item);
         return Value::makeArray(std::move(out));
     }
 
-    Value count(Args) { return Value(int32_t(m_entries.size())); }
+    Value count(Args) { return Value(int32_t(m_index.size())); }
     Value compareMode(Args) { return Value(int32_t(m_compare)); }
 
     // The mode can change only while the dictionary is empty.
     void setCompareMode(Args, const Value& v) {
         const int32_t mode = v.toLong();
-        if (!m_entries.empty() || mode < 0) invalidCall();
+        if (!m_index.empty() || mode < 0) invalidCall();
         m_compare = mode == 0 ? Compare::Binary : Compare::Text;
     }
 
@@ -97,13 +101,16 @@ public:
         const size_t at = it->second;
         m_index.erase(it);
         m_entries[at].key = newKey;
+        m_entries[at].id = newId;
         m_index[newId] = at;
     }
 
 private:
     struct Entry {
+        String id;
         Value key;
         Value item;
+        bool live = false;
     };
 
     // Keys are equal when they are the same number (of any numeric subtype), the same string
@@ -135,13 +142,17 @@ private:
 
     void insert(const String& id, const Value& key, const Value& item) {
         m_index[id] = m_entries.size();
-        m_entries.push_back({key, item});
+        m_entries.push_back({id, key, item, true});
     }
 
-    void reindex() {
-        m_index.clear();
+    void compact() {
+        std::vector<Entry> live;
+        live.reserve(m_index.size());
+        for (Entry& e : m_entries)
+            if (e.live) live.push_back(std::move(e));
+        m_entries = std::move(live);
         for (size_t i = 0; i < m_entries.size(); ++i)
-            m_index[identity(m_entries[i].key)] = i;
+            m_index[m_entries[i].id] = i;
     }
 
     std::vector<Entry> m_entries;
