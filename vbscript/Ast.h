@@ -118,6 +118,7 @@ struct AssignStmt : Stmt {
         : Stmt(StmtKind::Assign, line, col), target(std::move(t)), value(std::move(v)), isSet(set) {}
     ExprPtr target, value;
     bool isSet;
+    bool isMid = false;           // the Mid statement: Mid(var, start[, length]) = text
     bool appendsToTarget = false; // "s = s & x & y": appended in place
     std::vector<const Expr*> appendPieces; // x, y
 };

@@ -50,7 +50,7 @@ Engine::Engine(ScriptControl& control)
 Engine::~Engine()
 {
     // Release script objects while the engine still runs their Class_Terminate.
-    m_globals.forEach([](GlobalSlot& g) { g.value.clear(); });
+    m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     *m_alive = false;
     m_globals.clear();
 }
@@ -98,7 +98,7 @@ void Engine::addObject(const String& name, Ref<Dispatch> object)
 
 void Engine::reset()
 {
-    m_globals.forEach([](GlobalSlot& g) { g.value.clear(); });
+    m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();
     m_globalIndex.clear();
     m_programs.clear();
@@ -178,28 +178,18 @@ void Engine::checkStack()
         raise(ErrorCode::OutOfStackSpace);
 }
 
-namespace {
-
-// Marks the outermost entry into the engine, where the native stack budget is measured.
-struct Entry {
-    Entry(Engine& e, char*& base, size_t& budget, int& depth) : m_depth(depth)
-    {
-        (void)e;
-        if (m_depth++ == 0) {
-            char here;
-            base = &here;
-            budget = nativeStackBudget(&here);
-        }
+Engine::Entry::Entry(Engine& e) : m_engine(e)
+{
+    if (e.m_entryDepth++ == 0) {
+        char here;
+        e.m_stackBase = &here;
+        e.m_stackBudget = nativeStackBudget(&here);
     }
-    ~Entry() { --m_depth; }
-    int& m_depth;
-};
-
-} // namespace
+}
 
 void Engine::addCode(std::u16string_view code)
 {
-    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    Entry entry(*this);
     auto program = compile(code, false, nullptr);
     runTopLevel(program, false);
 }
@@ -211,7 +201,7 @@ void Engine::checkSyntax(std::u16string_view code)
 
 Value Engine::run(std::u16string_view procName, std::vector<Value>& args)
 {
-    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    Entry entry(*this);
     const int slot = findGlobal(procName);
     if (slot < 0 || global(slot).kind != GlobalSlot::Kind::Procedure)
         throw ScriptError(int32_t(ErrorCode::ProcedureNotDefined),
@@ -235,7 +225,7 @@ Value Engine::run(std::u16string_view procName, std::vector<Value>& args)
 
 Value Engine::evalText(std::u16string_view expression)
 {
-    Entry entry(*this, m_stackBase, m_stackBudget, m_entryDepth);
+    Entry entry(*this);
     Frame frame;
     auto program = compile(expression, true, nullptr);
     frame.proc = program->top.get();

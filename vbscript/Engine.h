@@ -41,10 +41,11 @@ public:
         m_chunks.clear();
         m_size = 0;
     }
+    // Newest first: script variables go before the named objects their Class_Terminate may use.
     template <class Fn>
-    void forEach(Fn&& fn)
+    void forEachNewestFirst(Fn&& fn)
     {
-        for (size_t i = 0; i < m_size; ++i)
+        for (size_t i = m_size; i-- > 0;)
             fn((*this)[i]);
     }
 
@@ -109,6 +110,14 @@ public:
 
 private:
     friend class ClassInstance;
+    // Marks the outermost entry into the engine, where the native stack budget is measured.
+    struct Entry {
+        explicit Entry(Engine& e);
+        ~Entry() { --m_engine.m_entryDepth; }
+        Entry(const Entry&) = delete;
+        Entry& operator=(const Entry&) = delete;
+        Engine& m_engine;
+    };
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
     void checkStack();
@@ -121,6 +130,7 @@ private:
     Flow execDo(const DoStmt* s);
     Flow execSelect(const SelectStmt* s);
     void execAssign(const AssignStmt* s);
+    void execMidAssign(const AssignStmt* s);
     bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
     Value* plainArray(const Expr* e);
     void execDim(const DimStmt* s);
@@ -132,6 +142,7 @@ private:
     Value eval(const Expr* e);
     Value evalBinary(const BinaryExpr* e);
     bool evalCondition(const Expr* e);
+    bool ifCondition(const Expr* e);
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
     Value evalMember(const MemberExpr* e, std::span<Value*> args, bool statement);
@@ -145,6 +156,7 @@ private:
     Value& withObject(const WithExpr* e);
 
     struct ArgList;
+    Value* elementArg(const CallExpr* c, ArgList& out);
     void evalArgs(const std::vector<ExprPtr>& args, const Procedure* callee, ArgList& out);
 
     ScriptControl& m_control;

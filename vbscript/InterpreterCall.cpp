@@ -22,11 +22,21 @@ struct Engine::ArgList {
     ArgList() = default;
     ArgList(const ArgList&) = delete;
     ArgList& operator=(const ArgList&) = delete;
+    std::vector<Value> lockedArrays; // arrays whose items are passed by reference
+
     ~ArgList()
     {
         for (size_t i = 0; built; ++i, built >>= 1)
             if (built & 1)
                 reinterpret_cast<Value*>(raw)[i].~Value();
+        for (auto& a : lockedArrays)
+            --a.array()->locks;
+    }
+    // Keeps the array alive and locked (no ReDim, no Erase) while a pointer to its item is out.
+    void lock(const Value& array)
+    {
+        lockedArrays.push_back(array);
+        ++array.array()->locks;
     }
     void reserve(size_t n)
     {
@@ -68,9 +78,36 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgLis
                 out.ptrs[i] = p;
                 continue;
             }
+            if (a->kind == ExprKind::Call) {
+                if (Value* item = elementArg(static_cast<const CallExpr*>(a), out)) {
+                    out.ptrs[i] = item;
+                    continue;
+                }
+            }
         }
         out.setTemp(i, eval(a));
     }
+}
+
+// An array item given as an argument is passed by reference, as a variable is.
+Value* Engine::elementArg(const CallExpr* c, ArgList& out)
+{
+    Value* var = plainArray(c->target.get());
+    if (!var || c->args.empty())
+        return nullptr;
+    for (const auto& a : c->args)
+        if (!a)
+            return nullptr;
+    ArgList indices;
+    evalArgs(c->args, nullptr, indices);
+    var = plainArray(c->target.get());
+    if (!var)
+        raise(ErrorCode::TypeMismatch);
+    const size_t i = flatIndex(var->array(), indices.span());
+    ArrayRep* rep = ValueAccess::unshareArray(*var);
+    rep->plain = false;
+    out.lock(*var);
+    return &rep->items[i];
 }
 
 Value Engine::evalCall(const CallExpr* c, bool statement)
@@ -215,6 +252,11 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
 {
     if (args.size() != proc->params.size())
         raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
+    if (m_entryDepth == 0) {
+        // Called from outside (a host holding a script object, a terminating object).
+        Entry entry(*this);
+        return callProcedure(proc, me, args);
+    }
     checkStack();
     const size_t n = size_t(proc->localCount), np = proc->params.size();
     if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))

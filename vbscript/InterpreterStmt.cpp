@@ -4,6 +4,8 @@
 #include "ClassInstance.h"
 #include "Operators.h"
 
+#include <algorithm>
+
 namespace vbs {
 
 void Engine::locate(ScriptError& e, int line, int column)
@@ -29,7 +31,7 @@ Flow Engine::execBlock(const Block& block)
         } catch (ScriptError& e) {
             if (!e.located())
                 locate(e, s->line, s->column);
-            if (!m_frame->resumeNext || e.number == int32_t(ErrorCode::OutOfStackSpace))
+            if (!m_frame->resumeNext)
                 throw;
             noteError(e);
         } catch (const std::bad_alloc&) {
@@ -55,7 +57,7 @@ Flow Engine::exec(const Stmt* s)
     case StmtKind::If: {
         const auto* st = static_cast<const IfStmt*>(s);
         for (const auto& arm : st->arms)
-            if (evalCondition(arm.condition.get()))
+            if (ifCondition(arm.condition.get()))
                 return execBlock(arm.body);
         return execBlock(st->elseBody);
     }
@@ -111,8 +113,44 @@ Flow Engine::exec(const Stmt* s)
     return Flow::Normal;
 }
 
+// Mid(var, start[, length]) = text: replaces characters of the variable's string in place.
+void Engine::execMidAssign(const AssignStmt* s)
+{
+    const auto* c = static_cast<const CallExpr*>(s->target.get());
+    Value* var = variableRef(c->args[0].get(), RefMode::Write);
+    if (!var)
+        raise(ErrorCode::IllegalAssignment);
+    String text = var->toString();
+    const int32_t start = eval(c->args[1].get()).toLong();
+    const int32_t length = c->args.size() > 2 ? eval(c->args[2].get()).toLong() : INT32_MAX;
+    const String with = eval(s->value.get()).toString();
+    if (start < 1 || length < 0 || size_t(start) > text.size())
+        raise(ErrorCode::InvalidProcedureCall);
+    const size_t n = std::min({size_t(length), with.size(), text.size() - size_t(start - 1)});
+    text.replace(size_t(start - 1), n, with.substr(0, n));
+    *var = Value(std::move(text));
+}
+
+// Under On Error Resume Next a failing If condition goes on with the next statement, which is
+// the first one of its Then block.
+bool Engine::ifCondition(const Expr* e)
+{
+    if (!m_frame->resumeNext)
+        return evalCondition(e);
+    try {
+        return evalCondition(e);
+    } catch (ScriptError& err) {
+        noteError(err);
+        return true;
+    }
+}
+
 void Engine::execAssign(const AssignStmt* s)
 {
+    if (s->isMid) {
+        execMidAssign(s);
+        return;
+    }
     if (s->appendsToTarget && s->appendPieces.size() <= 4) {
         // "s = s & x & y" appends in place when the variable holds the only reference. The
         // pieces are evaluated first, since they may read the variable too.
@@ -359,7 +397,7 @@ void Engine::execDim(const DimStmt* s)
             var->array()->fixed = !item.bounds.empty();
             continue;
         }
-        if (var->isArray() && var->array()->fixed)
+        if (var->isArray() && (var->array()->fixed || var->array()->locks > 0))
             raise(ErrorCode::ArrayFixedOrLocked);
         Value fresh = Value::makeArray(counts);
         if (s->preserve && var->isArray()) {
@@ -385,6 +423,8 @@ void Engine::execErase(const EraseStmt* s)
         Value* var = variableRef(v.get(), RefMode::Write);
         if (!var || !var->isArray())
             raise(ErrorCode::TypeMismatch);
+        if (var->array()->locks > 0)
+            raise(ErrorCode::ArrayFixedOrLocked);
         if (var->array()->fixed) {
             for (auto& item : var->mutableArray()->items)
                 item.clear();

@@ -371,7 +371,18 @@ StmtPtr Parser::parseAssignOrCall(bool isSet)
         if (target->kind == ExprKind::Me)
             failAt(ErrorCode::InvalidUseOfMe, t);
         ExprPtr value = parseExpr();
-        return std::make_unique<AssignStmt>(std::move(target), std::move(value), isSet, t.line, t.column);
+        bool isMid = false;
+        if (!isSet && target->kind == ExprKind::Call) {
+            const auto* c = static_cast<CallExpr*>(target.get());
+            isMid = c->target->kind == ExprKind::Name
+                && equalsNoCase(static_cast<NameExpr*>(c->target.get())->name, u"Mid");
+            if (isMid && (c->args.size() < 2 || c->args.size() > 3 || !c->args[0] || !c->args[1]
+                             || (c->args.size() == 3 && !c->args[2])))
+                failAt(ErrorCode::SyntaxError, t);
+        }
+        auto assign = std::make_unique<AssignStmt>(std::move(target), std::move(value), isSet, t.line, t.column);
+        assign->isMid = isMid;
+        return assign;
     }
     if (isSet)
         fail(ErrorCode::ExpectedEquals);

@@ -113,8 +113,11 @@ private:
                 const String key = foldCase(d.name);
                 const bool exists = p->localIndex.count(key) > 0;
                 if (d.kind == Procedure::Decl::ReDim) {
-                    // ReDim of an undeclared name declares a local, unless it names a field.
-                    if (!exists && !(p->owner && p->owner->memberIndex.count(key)))
+                    // ReDim of an undeclared name declares a local, unless it names a field
+                    // or a global.
+                    const int g = m_engine.findGlobal(d.name);
+                    const bool isGlobal = g >= 0 && m_engine.global(g).kind == GlobalSlot::Kind::Variable;
+                    if (!exists && !isGlobal && !(p->owner && p->owner->memberIndex.count(key)))
                         addLocal(p, d.name);
                     continue;
                 }

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <pthread.h>
+
 using namespace vbs;
 
 namespace {
@@ -161,6 +163,29 @@ TEST(ScriptControl, DeepRecursionIsOutOfStackSpace)
     EXPECT_EQ(sc.error().line, 2);
     // The engine is still usable afterwards.
     ASSERT_TRUE(sc.addCode(u"Dim ok : ok = 1"));
+}
+
+TEST(ScriptControl, DeepRecursionOnASmallThreadStack)
+{
+    // The stack budget follows the running thread's stack, not a fixed depth.
+    struct Result {
+        int32_t number = 0;
+    } result;
+    pthread_attr_t attr;
+    pthread_attr_init(&attr);
+    pthread_attr_setstacksize(&attr, 1 << 20);
+    pthread_t thread;
+    auto body = [](void* p) -> void* {
+        ScriptControl sc;
+        sc.addCode(u"Function R(n)\nR = R(n + 1) + 1\nEnd Function");
+        sc.run(u"R", {Value(0)});
+        static_cast<Result*>(p)->number = sc.error().number;
+        return nullptr;
+    };
+    ASSERT_EQ(pthread_create(&thread, &attr, body, &result), 0);
+    pthread_join(thread, nullptr);
+    pthread_attr_destroy(&attr);
+    EXPECT_EQ(result.number, 28);
 }
 
 TEST(ScriptControl, ObjectOutlivingControlIsSafe)

@@ -1,0 +1,2 @@
+WScript.Echo "a" < "B", "B" < "a", "abc" < "abd", "" < "a", "A" = "a"
+' expect: False True True True False

@@ -1,0 +1,4 @@
+WScript.Echo "a", _
+             "b", _
+             "c"
+' expect: a b c

@@ -1,4 +1,0 @@
-Dim s
-s = "hello"
-WScript.Echo Mid(s, 2, 3)
-' expect: ell
