@@ -97,8 +97,10 @@ TEST(Dictionary, ObjectKeysAreIdentities) {
 
 TEST(Dictionary, ManyRemovalsKeepOrderAndLookups) {
     auto d = dictionary();
-    for (int32_t i = 0; i < 100; ++i) invoke(*d, u"Add", {Value(i), Value(i * 10)});
-    for (int32_t i = 0; i < 100; i += 2) invoke(*d, u"Remove", {Value(i)});
+    for (int32_t i = 0; i < 100; ++i)
+        invoke(*d, u"Add", {Value(i), Value(i * 10)});
+    for (int32_t i = 0; i < 100; i += 2)
+        invoke(*d, u"Remove", {Value(i)});
     invoke(*d, u"Add", {Value(int32_t(0)), Value(u"back")}); // a removed key can return, last
     EXPECT_EQ(get(*d, u"Count").toLong(), 51);
     const Value keys = get(*d, u"Keys");
