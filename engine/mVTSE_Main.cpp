@@ -25,6 +25,12 @@ QString commandLineFromArguments(int argc, char** argv) {
     return TextCodec::toCrLf(parts.join(u' '));
 }
 
+bool hasDisplay() {
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           qEnvironmentVariable("QT_QPA_PLATFORM") == u"offscreen";
+}
+
 int Main(int argc, char** argv) {
     QCoreApplication::setApplicationName(applicationTitle());
     QCoreApplication::setOrganizationName(QStringLiteral("Kestrane"));
@@ -52,7 +58,11 @@ int Main(int argc, char** argv) {
     const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false);
     if (exitRequested) return *exitRequested;
     if (windowRequested) {
-        std::fprintf(stderr, "vantorel: cannot open the main window: it is not built yet\n");
+        if (!hasDisplay())
+            std::fprintf(stderr, "vantorel: cannot open the main window: there is no display "
+                                 "(a batch whose command line holds /exit needs none)\n");
+        else
+            std::fprintf(stderr, "vantorel: cannot open the main window: this build has none\n");
         return 2;
     }
     return mEngineMain::exitStatus(outcome.status);
