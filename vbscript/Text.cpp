@@ -1,7 +1,6 @@
 // UTF-8 <-> UTF-16 conversion and case folding.
 #include "Text.h"
 
-#include <cwctype>
 
 namespace vbs {
 
@@ -106,22 +105,52 @@ std::string toUtf8(std::u16string_view text)
     return out;
 }
 
+// Simple case mapping for the scripts' alphabets (Latin-1, Latin Extended-A, Greek, Cyrillic);
+// it does not depend on the process locale.
 char16_t foldChar(char16_t c)
 {
     if (c < 0x80)
         return (c >= 'A' && c <= 'Z') ? char16_t(c + 32) : c;
-    if (c >= 0xD800 && c < 0xE000)
-        return c;
-    return char16_t(std::towlower(wint_t(c)));
+    if (c >= 0xC0 && c <= 0xDE && c != 0xD7)
+        return char16_t(c + 0x20);
+    if (c >= 0x100 && c <= 0x137 && c != 0x130)
+        return char16_t(c | 1);
+    if (c >= 0x139 && c <= 0x148)
+        return (c & 1) ? char16_t(c + 1) : c;
+    if (c >= 0x14A && c <= 0x177)
+        return char16_t(c | 1);
+    if (c == 0x178)
+        return 0xFF;
+    if (c >= 0x179 && c <= 0x17E)
+        return (c & 1) ? char16_t(c + 1) : c;
+    if (c >= 0x391 && c <= 0x3AB && c != 0x3A2)
+        return char16_t(c + 0x20);
+    if (c >= 0x410 && c <= 0x42F)
+        return char16_t(c + 0x20);
+    if (c >= 0x400 && c <= 0x40F)
+        return char16_t(c + 0x50);
+    return c;
 }
 
 char16_t upperChar(char16_t c)
 {
     if (c < 0x80)
         return (c >= 'a' && c <= 'z') ? char16_t(c - 32) : c;
-    if (c >= 0xD800 && c < 0xE000)
-        return c;
-    return char16_t(std::towupper(wint_t(c)));
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7)
+        return char16_t(c - 0x20);
+    if (c == 0xFF)
+        return 0x178;
+    if ((c >= 0x101 && c <= 0x137 && c != 0x131) || (c >= 0x14B && c <= 0x177))
+        return char16_t(c & ~1);
+    if ((c >= 0x13A && c <= 0x148) || (c >= 0x17A && c <= 0x17E))
+        return (c & 1) ? c : char16_t(c - 1);
+    if (c >= 0x3B1 && c <= 0x3CB && c != 0x3C2)
+        return char16_t(c - 0x20);
+    if (c >= 0x430 && c <= 0x44F)
+        return char16_t(c - 0x20);
+    if (c >= 0x450 && c <= 0x45F)
+        return char16_t(c - 0x50);
+    return c;
 }
 
 String foldCase(std::u16string_view text)
