@@ -127,57 +127,78 @@ int32_t bitsPerPixelOf(const vips::VImage& image) {
     return bits * image.bands();
 }
 
+namespace {
+
+// Which loader reads the file: by content, or through ImageMagick by the extension for formats it
+// does not recognise by content (metafiles). Fails for unknown and unreadable formats.
+struct Detected {
+    const char* loader;
+    bool viaMagick;
+    const FormatDef* byExtension;
+};
+
+Detected detect(const fs::path& native, const std::string& scriptPath) {
+    const FormatDef* byExtension = formatByExtension(extensionOf(native));
+    bool unreadable = byExtension && !byExtension->canLoad;
+    const char* loader = vips_foreign_find_load(native.c_str());
+    bool viaMagick = !loader && byExtension && !unreadable && byExtension->codec == Codec::Magick;
+    if (viaMagick) loader = "VipsForeignLoadMagickFile";
+    if (!loader) vips_error_clear();
+    // ImageMagick guesses at anything; a format nothing here reads must not be guessed into.
+    if (unreadable &&
+        (!loader || std::string_view(loader).find("Magick") != std::string_view::npos))
+        fail(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath);
+    if (!loader) fail(ErrorCode::UnknownFormat, scriptPath);
+    return {loader, viaMagick, byExtension};
+}
+
+// Reads the header of the page and fills in what it tells; pixels stay undecoded.
+void readHeader(LoadResult& r, const fs::path& native, const std::string& scriptPath,
+                const Detected& found, int32_t page) {
+    vips::VImage image =
+        found.viaMagick
+            ? vips::VImage::magickload(native.c_str(), vips::VImage::option()->set("page", page))
+            : openPage(native, r.source.format, page);
+    if (int64_t(image.width()) * image.height() > kMaxPixels)
+        fail(ErrorCode::ImageTooLarge, scriptPath + " is " + std::to_string(image.width()) + " x " +
+                                           std::to_string(image.height()) +
+                                           " pixels; the limit is 250 megapixels");
+    r.source.pages = image.get_typeof(VIPS_META_N_PAGES) ? image.get_int(VIPS_META_N_PAGES) : 1;
+    if (r.source.format && r.source.format->code == format::Heic &&
+        image.get_typeof("heif-compression") &&
+        image.get_string("heif-compression") == std::string("av1"))
+        r.source.format = formatByCode(format::Avif);
+    bool bilevel = r.source.format && r.source.format->code == format::Pbm;
+    r.bitsPerPixel = bilevel ? 1 : bitsPerPixelOf(image);
+    r.source.orientation = orientationOf(image);
+    r.image = r.source.orientation > 1 ? image.autorot() : image;
+}
+
+} // namespace
+
 LoadResult loadImage(const std::string& scriptPath, int32_t page) {
     fs::path native = diskPath(scriptPath);
     std::error_code ec;
     if (!fs::is_regular_file(native, ec)) fail(ErrorCode::FileNotFound, scriptPath);
     int64_t size = static_cast<int64_t>(fs::file_size(native, ec));
     if (size == 0) fail(ErrorCode::DamagedImage, scriptPath + " is empty");
-    const FormatDef* byExtension = formatByExtension(extensionOf(native));
-    const char* loader = vips_foreign_find_load(native.c_str());
-    // ImageMagick does not recognise every format by content (metafiles); the extension names it.
-    bool viaMagick =
-        !loader && byExtension && byExtension->canLoad && byExtension->codec == Codec::Magick;
-    if (viaMagick) loader = "VipsForeignLoadMagickFile";
-    if (!loader) {
-        vips_error_clear();
-        if (byExtension && !byExtension->canLoad)
-            fail(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath);
-        fail(ErrorCode::UnknownFormat, scriptPath);
-    }
-    bool unreadable = byExtension && !byExtension->canLoad;
-    if (unreadable && std::string_view(loader).find("Magick") != std::string_view::npos)
-        fail(ErrorCode::FormatNotReadable, std::string(byExtension->name) + ": " + scriptPath);
+    Detected found = detect(native, scriptPath);
     LoadResult r;
-    r.source.format = formatOfLoader(loader, native, byExtension);
+    r.source.format = formatOfLoader(found.loader, native, found.byExtension);
     if (r.source.format && r.source.format->code == format::Jpeg && !jpegHasEnd(native, size))
         fail(ErrorCode::DamagedImage, scriptPath + " ends before the end of the JPEG data");
     try {
-        vips::VImage image =
-            viaMagick ? vips::VImage::magickload(native.c_str(),
-                                                 vips::VImage::option()->set("page", page))
-                      : openPage(native, r.source.format, page);
-        if (int64_t(image.width()) * image.height() > kMaxPixels)
-            fail(ErrorCode::ImageTooLarge, scriptPath + " is " + std::to_string(image.width()) +
-                                               " x " + std::to_string(image.height()) +
-                                               " pixels; the limit is 250 megapixels");
-        r.source.pages = image.get_typeof(VIPS_META_N_PAGES) ? image.get_int(VIPS_META_N_PAGES) : 1;
-        if (r.source.format && r.source.format->code == format::Heic &&
-            image.get_typeof("heif-compression") &&
-            image.get_string("heif-compression") == std::string("av1"))
-            r.source.format = formatByCode(format::Avif);
-        r.bitsPerPixel =
-            r.source.format && r.source.format->code == format::Pbm ? 1 : bitsPerPixelOf(image);
-        r.source.orientation = orientationOf(image);
-        r.image = r.source.orientation > 1 ? image.autorot() : image;
+        readHeader(r, native, scriptPath, found, page);
     } catch (const vips::VError& e) {
         std::string text = e.what();
         if (text.find("page") != text.npos && page > 0)
             failFromVips(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1),
                          e);
-        if (unreadable)
-            failFromVips(ErrorCode::FormatNotReadable,
-                         std::string(byExtension->name) + ": " + scriptPath, e);
+        // libjpeg-turbo here decodes no lossless (process 3) JPEG, whatever its extension.
+        bool lossless = text.find("Unsupported JPEG process") != text.npos ||
+                        (found.byExtension && found.byExtension->code == format::LosslessJpeg);
+        if (lossless)
+            failFromVips(ErrorCode::FormatNotReadable, "lossless JPEG: " + scriptPath, e);
         failFromVips(ErrorCode::DamagedImage, scriptPath, e);
     }
     r.source.nativePath = native.string();
