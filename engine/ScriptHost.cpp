@@ -7,15 +7,14 @@
 #include "platform/TextCodec.h"
 #include "vbscript/ScriptError.h"
 
-#include <optional>
-
 #include <cstdlib>
+#include <optional>
 
 namespace mEngineMain {
 
 namespace {
 
-// Reports a failure of steps 3 to 7 of a run: as text in preview mode, else as a box.
+// Reports a failed run: as text in preview mode, else as a box.
 QString reportFailure(const QString& scriptText, const ScriptFailure& failure, bool previewMode) {
     QString errorLine;
     const QString excerpt = scriptErrorExcerpt(scriptText, failure, &errorLine);
@@ -51,13 +50,16 @@ ScriptHostServices& scriptHostServices() {
 }
 
 frmConvProgress& loadProgressWindow() {
-    static frmConvProgress window;
-    return window;
+    // Never destroyed: the window may hold a Qt widget and the imaging control, which must not
+    // be torn down after QApplication and libvips during the process's exit.
+    static frmConvProgress* const window = new frmConvProgress;
+    return *window;
 }
 
 namespace {
 
-// Steps 3 to 7 of a run; a failure of any of them comes back as the ScriptFailure to report.
+// Creates the objects, adds the code and runs Main; a failure of any of these comes back as the
+// ScriptFailure to report.
 std::optional<ScriptFailure> runSteps(ScriptEngine& engine, const QString& scriptText,
                                       frmConvProgress& progress, QString* result) {
     try {
