@@ -53,22 +53,17 @@ struct Placed {
 };
 
 Placed placeClipboard(const VImage& clipboard, const detail::Planes& target, int size) {
+    // Placed in its own 8- or 16-bit format (resizing there is the fast path of libvips), with
+    // its alpha, or full opacity, as the last band; embedding adds zero opacity around it.
     detail::Planes clip = detail::splitPlanes(clipboard);
-    VImage colour = clip.colour.cast(VIPS_FORMAT_FLOAT) * (target.white / clip.white);
-    int want = target.colour.bands();
-    if (colour.bands() < want)
-        colour = VImage::bandjoin(
-            {colour.extract_band(0), colour.extract_band(0), colour.extract_band(0)});
-    else if (colour.bands() > want)
-        colour = detail::luminance(colour);
-    VImage opacity = clip.hasAlpha ? clip.alpha.cast(VIPS_FORMAT_FLOAT) / clip.white
-                                   : VImage::black(colour.width(), colour.height()) + 1.0;
+    VImage both =
+        clip.hasAlpha ? clip.colour.bandjoin(clip.alpha) : clip.colour.bandjoin_const({clip.white});
     int w = target.colour.width(), h = target.colour.height();
-    VImage both = colour.bandjoin(opacity);
     switch (static_cast<MergeSize>(size)) {
     case MergeSize::Stretch:
-        both = both.resize(double(w) / both.width(),
-                           VImage::option()->set("vscale", double(h) / both.height()));
+        if (both.width() != w || both.height() != h)
+            both = both.resize(double(w) / both.width(),
+                               VImage::option()->set("vscale", double(h) / both.height()));
         both = both.embed(0, 0, w, h, VImage::option()->set("extend", VIPS_EXTEND_COPY));
         break;
     case MergeSize::Centre:
@@ -83,7 +78,14 @@ Placed placeClipboard(const VImage& clipboard, const detail::Planes& target, int
         both = both.embed(0, 0, w, h);
         break;
     }
-    return {both.extract_band(0, VImage::option()->set("n", want)), both.extract_band(want)};
+    int have = both.bands() - 1, want = target.colour.bands();
+    VImage colour = both.extract_band(0, VImage::option()->set("n", have)).cast(VIPS_FORMAT_FLOAT) *
+                    (target.white / clip.white);
+    if (have < want)
+        colour = VImage::bandjoin({colour, colour, colour});
+    else if (have > want)
+        colour = detail::luminance(colour);
+    return {colour, both.extract_band(have).cast(VIPS_FORMAT_FLOAT) / clip.white};
 }
 
 VImage combine(MergeStyle style, const VImage& d, const VImage& c, double white) {
