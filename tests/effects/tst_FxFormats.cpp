@@ -88,11 +88,17 @@ TEST(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
     writeFile(dir.str("old.pic"), "PIC-not-really");
     EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.pic")); }), 20007);
     EXPECT_NE(d.lastDescription.find("Pegasus PIC"), std::string::npos);
+    // A lossless (process 3) JPEG frame header, under a .jpg name.
+    writeFile(
+        dir.str("scan.jpg"),
+        std::string("\xFF\xD8\xFF\xC3\x00\x0B\x08\x00\x08\x00\x08\x01\x01\x11\x00\xFF\xD9", 17));
+    EXPECT_EQ(d.errorOf([&] { d.load(dir.str("scan.jpg")); }), 20007);
+    EXPECT_NE(d.lastDescription.find("lossless JPEG"), std::string::npos) << d.lastDescription;
     writeFile(dir.str("old.ljp"), "not a lossless JPEG either");
     EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.ljp")); }), 20007);
     EXPECT_NE(d.lastDescription.find("lossless JPEG"), std::string::npos);
     EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("x.unknownext")); }), 20002);
-    EXPECT_EQ(dir.entries().size(), 2u); // the two old files; nothing written
+    EXPECT_EQ(dir.entries().size(), 3u); // the three old files; nothing written
 }
 
 TEST(FxFormats, JpegOptionsShowInTheFile) {
