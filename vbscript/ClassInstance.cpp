@@ -155,10 +155,17 @@ Value ErrObject::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
     }
 }
 
+ProcedureRef::ProcedureRef(Engine& engine, Procedure* proc, std::shared_ptr<Program> program)
+    : m_engine(engine), m_engineAlive(engine.m_alive), m_proc(proc), m_program(std::move(program))
+{
+}
+
 Value ProcedureRef::invoke(int memberId, InvokeKind, std::span<Value*> args)
 {
     if (memberId != 0)
         raise(ErrorCode::NoSuchMember);
+    if (!*m_engineAlive)
+        raise(ErrorCode::ObjectRequired);
     return m_engine.callProcedure(m_proc, nullptr, args);
 }
 

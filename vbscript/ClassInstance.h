@@ -53,8 +53,7 @@ public:
 // GetRef("name"): calling the object's default member calls the procedure.
 class ProcedureRef : public Dispatch {
 public:
-    ProcedureRef(Engine& engine, Procedure* proc, std::shared_ptr<Program> program)
-        : m_engine(engine), m_proc(proc), m_program(std::move(program)) {}
+    ProcedureRef(Engine& engine, Procedure* proc, std::shared_ptr<Program> program);
     String typeName() const override { return u"Object"; }
     int memberId(std::u16string_view) const override { return -1; }
     Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
@@ -62,6 +61,7 @@ public:
 
 private:
     Engine& m_engine;
+    std::shared_ptr<bool> m_engineAlive;
     Procedure* m_proc;
     std::shared_ptr<Program> m_program;
 };

@@ -99,16 +99,21 @@ Value Value::defaultValue() const
 {
     if (m_type != VarType::Object)
         return *this;
-    if (!m_u.o)
-        raise(ErrorCode::ObjectVariableNotSet);
-    Dispatch* d = m_u.o->asDispatch();
-    const int id = d ? d->defaultMemberId() : -1;
-    if (id < 0)
-        raise(ErrorCode::NoSuchMember);
-    Value result = d->invoke(id, InvokeKind::PropertyGet, {});
-    if (result.isObject())
-        return result.defaultValue();
-    return result;
+    Value current = *this;
+    // A default member may return another object; follow a few levels, never forever.
+    for (int level = 0; level < 16; ++level) {
+        if (!current.m_u.o)
+            raise(ErrorCode::ObjectVariableNotSet);
+        Dispatch* d = current.m_u.o->asDispatch();
+        const int id = d ? d->defaultMemberId() : -1;
+        if (id < 0)
+            raise(ErrorCode::NoSuchMember);
+        Value next = d->invoke(id, InvokeKind::PropertyGet, {});
+        if (!next.isObject())
+            return next;
+        current = std::move(next);
+    }
+    raise(ErrorCode::NoSuchMember);
 }
 
 Value Value::toNumber() const
