@@ -25,6 +25,26 @@ QString commandLineFromArguments(int argc, char** argv) {
     return TextCodec::toCrLf(parts.join(u' '));
 }
 
+namespace {
+
+const char* const kUsage =
+    "Usage: vantorel [ITEM]...\n"
+    "Runs a photo batch described by command-line items, each starting with \"/\":\n"
+    "  /files:A;B;C          photos to process (a bare name is taken from the folder before it)\n"
+    "  /folder:F;G           every image of these folders\n"
+    "  /folderall:F          every image of this folder and its subfolders\n"
+    "  /fx.<statement>       one statement on the effects object, e.g. /fx.ResizePercent 50\n"
+    "  /progress.<statement> one statement on the progress display\n"
+    "  /cmd:<statement>      any script statement\n"
+    "  /loadcmdscript:FILE   the command line stored in FILE\n"
+    "  /loadvt3script:FILE   the script file FILE in its command-line form\n"
+    "  /scriptfile:FILE      a script template in place of data\\template.txt\n"
+    "  /exit                 end after the batch (without it the main window opens)\n"
+    "Paths use \"\\\" as the folder separator, e.g. /files:~\\photos\\a.jpg\n"
+    "Exit status: 0 done, 1 script error, 2 the command line could not be carried out.\n";
+
+} // namespace
+
 bool hasDisplay() {
     return !qEnvironmentVariableIsEmpty("DISPLAY") ||
            !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
@@ -41,6 +61,15 @@ int Main(int argc, char** argv) {
         return 0;
     }
     const QString line = commandLineFromArguments(argc, argv);
+    // No item starts with "-", so the usual options of a command-line tool cannot clash.
+    if (argc == 2 && (line == u"--help" || line == u"-h")) {
+        std::fputs(kUsage, stdout);
+        return 0;
+    }
+    if (argc == 2 && line == u"--version") {
+        std::printf("%s %s\n", applicationTitle().toUtf8().constData(), "3.0.0");
+        return 0;
+    }
     if (line.trimmed().toLower() == u"/exit") return 0;
 
     // The run reports back here instead of ending the process in the middle of start-up.
