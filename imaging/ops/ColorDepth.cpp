@@ -49,13 +49,9 @@ VImage posterizeBands(const VImage& in, const std::vector<double>& steps, bool d
 // Error diffusion to black and white (Floyd-Steinberg).
 VImage diffuseToBilevel(const VImage& grey) {
     VImage mem = grey.copy_memory();
-    size_t size = 0;
-    auto* data = static_cast<const unsigned char*>(mem.write_to_memory(&size));
+    auto* data = static_cast<const unsigned char*>(mem.data());
     int w = mem.width(), h = mem.height();
-    std::vector<float> err(static_cast<size_t>(w) * h);
-    for (size_t k = 0; k < err.size(); ++k)
-        err[k] = data[k];
-    g_free(const_cast<unsigned char*>(data));
+    std::vector<float> err(data, data + static_cast<size_t>(w) * h);
     std::vector<unsigned char> out(err.size());
     for (int y = 0; y < h; ++y)
         for (int x = 0; x < w; ++x) {
@@ -174,16 +170,15 @@ int32_t ImagingControl::uniqueColors() {
                               (rgb[2].cast(VIPS_FORMAT_UINT) << 16)
                         : rgb[0].cast(VIPS_FORMAT_UINT);
     VImage mem = packed.cast(VIPS_FORMAT_UINT).copy_memory();
-    size_t size = 0;
-    auto* data = static_cast<uint32_t*>(mem.write_to_memory(&size));
+    auto* data = static_cast<const uint32_t*>(mem.data());
+    size_t pixels = static_cast<size_t>(mem.width()) * mem.height();
     std::vector<bool> seen(1u << 24);
     int32_t count = 0;
-    for (size_t k = 0; k < size / sizeof(uint32_t); ++k)
+    for (size_t k = 0; k < pixels; ++k)
         if (!seen[data[k] & 0xFFFFFF]) {
             seen[data[k] & 0xFFFFFF] = true;
             ++count;
         }
-    g_free(data);
     return count;
 }
 
