@@ -9,9 +9,12 @@ Function Fib(n)
         Fib = Fib(n - 1) + Fib(n - 2)
     End If
 End Function
-Dim i, total
-total = 0
-For i = 1 To 1000000
-    total = Add(total, i)
-Next
-WScript.Echo total, Fib(25)
+Sub Main()
+    Dim i, total
+    total = 0
+    For i = 1 To 1000000
+        total = Add(total, i)
+    Next
+    WScript.Echo total, Fib(25)
+End Sub
+Main

@@ -20,7 +20,7 @@ best() {
     echo "$b"
 }
 printf '%-10s %10s %10s %8s\n' loop vbsrun_s python3_s ratio
-for name in arith strings arrays calls; do
+for name in arith strings arrays calls objects; do
     out_v=$("$vbsrun" "$here/$name.vbs")
     out_p=$(python3 "$here/$name.py")
     [ "$out_v" = "$out_p" ] || echo "  note: outputs differ for $name: '$out_v' vs '$out_p'"
