@@ -4,6 +4,7 @@
 #pragma once
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "vbscript/Value.h"
@@ -32,5 +33,11 @@ struct MemberDef {
 };
 
 std::span<const MemberDef> memberTable();
+
+// For completion, the command list and the reference: a member's argument names (optional ones
+// in brackets) and its one-line description. Plain methods take both from the control's
+// operation of the same name, so there is one source for them.
+std::string argumentNames(const MemberDef& def);
+std::string_view description(const MemberDef& def);
 
 } // namespace fx

@@ -1,6 +1,8 @@
 // The fx member table: all 152 dispatch entries in their fixed order.
 #include "effects/FxHandlers.h"
 #include "effects/FxMember.h"
+#include "imaging/Operation.h"
+#include "vbscript/Text.h"
 
 namespace fx {
 
@@ -10,15 +12,14 @@ constexpr auto G = MemberKind::Get;
 constexpr auto L = MemberKind::Let;
 constexpr auto M = MemberKind::Method;
 
+// clang-format off
 // A read/write property takes two entries under one name: its read side, then its write side.
-#define RW(name, t, desc)                                                                          \
-    {u"" name, G, "", t[0], "", desc}, {                                                           \
-        u"" name, L, t, '-', "value", desc                                                         \
-    }
-#define RO(name, t, desc)                                                                          \
-    { u"" name, G, "", t[0], "", desc }
-#define OP(name, args, names, desc)                                                                \
-    { u"" name, M, args, '-', names, desc }
+#define RW(name, t, desc) {u"" name, G, "", t[0], "", desc}, {u"" name, L, t, '-', "value", desc}
+#define RO(name, t, desc) {u"" name, G, "", t[0], "", desc}
+// A plain method: the control's operation of the same name; its argument names, ranges and
+// defaults are the operation's (see argumentNames).
+#define OP(name, args, desc) {u"" name, M, args, '-', "", desc}
+// clang-format on
 
 // clang-format off
 constexpr MemberDef kMembers[] = {
@@ -54,73 +55,73 @@ constexpr MemberDef kMembers[] = {
     RW("SaveGIFTransparent", "b", "make SaveGIFTColor transparent in GIF files"),
     {u"Font", M, "slbbbb", '-', "name, size, italic, bold, underline, strikethrough", "sets the font of DrawText", font},
     {u"PICPassword", L, "s", '-', "value", "password for Pegasus PIC files (stored)"},
-    OP("SaveFile", "", "", "writes the image to SaveFileName in the format SaveFileType"),
-    OP("Copy", "", "", "copies the image to the clipboard"),
-    OP("Paste", "", "", "replaces the image by the clipboard's image"),
-    OP("Undo", "", "", "undoes the last change"),
+    OP("SaveFile", "", "writes the image to SaveFileName in the format SaveFileType"),
+    OP("Copy", "", "copies the image to the clipboard"),
+    OP("Paste", "", "replaces the image by the clipboard's image"),
+    OP("Undo", "", "undoes the last change"),
     {u"MsgDisplay", M, "s", '-', "text", "shows a message box titled Info", msgDisplay},
     {u"filename", G, "", 's', "", "the loaded file"},
     {u"filename", L, "s", '-', "value", "loads the file and sets SaveFileName to it", filenameLet},
     RW("SaveFileType", "i", "output format code; 0 = by the extension of SaveFileName"),
-    OP("AutoContrast", "", "", "stretches the contrast to the full range"),
-    OP("Blur", "", "", "blurs the image"),
-    OP("Diffuse", "", "", "scatters the pixels"),
-    OP("Dilate", "", "", "grows light areas"),
-    OP("Emboss", "", "", "embossed relief"),
-    OP("Equalize", "", "", "equalizes the histogram"),
-    OP("Erode", "", "", "grows dark areas"),
-    OP("Flip", "", "", "turns the image upside down"),
-    OP("Median", "", "", "median filter (removes speckles)"),
-    OP("Mirror", "", "", "mirrors left to right"),
-    OP("Negate", "", "", "negative image"),
-    OP("Outline", "", "", "outlines the edges"),
-    OP("Brightness", "i", "amount", "lightens or darkens"),
-    OP("Blend", "i", "amount", "blends the image"),
-    OP("Buttonize", "iii", "bevel, style, intensity", "raised button edges"),
-    OP("AdjustHSL", "iii", "hue, saturation, luminance", "shifts hue, saturation and lightness"),
-    OP("DrawText", "iisv", "x, y, text, color", "draws text in the current font"),
-    OP("AdjustRGB", "iiii", "type, red, green, blue", "changes red, green and blue"),
-    OP("ColorDepth", "iii", "bits, palette, dither", "reduces to 1, 4, 8, 16 or 24 bits per pixel"),
-    OP("Crop", "iiii", "x, y, width, height", "keeps a rectangle"),
-    OP("AutoCrop", "fvv", "tolerance, color, margin", "removes a uniform border"),
+    OP("AutoContrast", "", "stretches the contrast to the full range"),
+    OP("Blur", "", "blurs the image"),
+    OP("Diffuse", "", "scatters the pixels"),
+    OP("Dilate", "", "grows light areas"),
+    OP("Emboss", "", "embossed relief"),
+    OP("Equalize", "", "equalizes the histogram"),
+    OP("Erode", "", "grows dark areas"),
+    OP("Flip", "", "turns the image upside down"),
+    OP("Median", "", "median filter (removes speckles)"),
+    OP("Mirror", "", "mirrors left to right"),
+    OP("Negate", "", "negative image"),
+    OP("Outline", "", "outlines the edges"),
+    OP("Brightness", "i", "lightens or darkens"),
+    OP("Blend", "i", "blends the image"),
+    OP("Buttonize", "iii", "raised button edges"),
+    OP("AdjustHSL", "iii", "shifts hue, saturation and lightness"),
+    OP("DrawText", "iisv", "draws text in the current font"),
+    OP("AdjustRGB", "iiii", "changes red, green and blue"),
+    OP("ColorDepth", "iii", "reduces to 1, 4, 8, 16 or 24 bits per pixel"),
+    OP("Crop", "iiii", "keeps a rectangle"),
+    OP("AutoCrop", "fvv", "removes a uniform border"),
     {u"Matrix", M, "iiiiiiiiiii", '-', "a, b, m1, m2, m3, m4, m5, m6, m7, m8, m9", "3 x 3 convolution", matrix},
-    OP("Mosaic", "i", "size", "mosaic of blocks"),
-    OP("Posterize", "i", "levels", "reduces the tone levels"),
-    OP("ReplaceColors", "ccc", "from, to, tolerance", "replaces a colour"),
-    OP("Sharpen", "i", "amount", "sharpens"),
-    OP("Rotate", "i", "angle", "rotates by any angle clockwise"),
-    OP("Soften", "i", "amount", "softens"),
-    OP("Solarize", "i", "threshold", "solarizes"),
-    OP("Resample", "ii", "width, height", "resizes by nearest neighbour"),
-    OP("Resize", "ii", "width, height", "resizes smoothly"),
-    OP("Swirl", "i", "angle", "swirls around the centre"),
-    OP("Twist", "ii", "size, mode", "twists blocks"),
-    OP("CropBorder", "fi", "amount, units", "removes a border from every side"),
-    OP("Tile", "ii", "columns, rows", "repeats the image"),
-    OP("MBlur", "iii", "angle, distance, mode", "motion blur"),
-    OP("Ripple", "iii", "amplitude, wavelength, direction", "ripples"),
-    OP("DrawCircle", "iiivv", "x, y, radius, color, fill", "draws a circle"),
-    OP("DrawCurve", "iiiiiiiiv", "x1, y1, x2, y2, x3, y3, x4, y4, color", "draws a Bezier curve"),
-    OP("DrawPolygon", "iiiivvvvvvvvv", "x1, y1, x2, y2, ...", "draws a polygon"),
-    OP("DrawPie", "iiiiiiv", "left, top, right, bottom, start, end, color", "draws a pie"),
-    OP("DrawLine", "iiiivvv", "x1, y1, x2, y2, color, style, width", "draws a line"),
-    OP("DrawRoundRect", "iiiiiiv", "left, top, right, bottom, cornerWidth, cornerHeight, color", "draws a rounded rectangle"),
-    OP("DrawArc", "iiiiiiv", "left, top, right, bottom, start, end, color", "draws an arc"),
-    OP("Area", "bvvvv", "enabled, x, y, width, height", "sets the processing area"),
-    OP("Merge", "bvvvvvv", "enabled, ...", "merges the clipboard into the image"),
-    OP("PWarp", "iiiiiiii", "x1, y1, x2, y2, x3, y3, x4, y4", "warps onto four corners"),
-    OP("CaptureWindow", "l", "hWnd", "captures a window"),
+    OP("Mosaic", "i", "mosaic of blocks"),
+    OP("Posterize", "i", "reduces the tone levels"),
+    OP("ReplaceColors", "ccc", "replaces a colour"),
+    OP("Sharpen", "i", "sharpens"),
+    OP("Rotate", "i", "rotates by any angle clockwise"),
+    OP("Soften", "i", "softens"),
+    OP("Solarize", "i", "solarizes"),
+    OP("Resample", "ii", "resizes by nearest neighbour"),
+    OP("Resize", "ii", "resizes smoothly"),
+    OP("Swirl", "i", "swirls around the centre"),
+    OP("Twist", "ii", "twists blocks"),
+    OP("CropBorder", "fi", "removes a border from every side"),
+    OP("Tile", "ii", "repeats the image"),
+    OP("MBlur", "iii", "motion blur"),
+    OP("Ripple", "iii", "ripples"),
+    OP("DrawCircle", "iiivv", "draws a circle"),
+    OP("DrawCurve", "iiiiiiiiv", "draws a Bezier curve"),
+    OP("DrawPolygon", "iiiivvvvvvvvv", "draws a polygon"),
+    OP("DrawPie", "iiiiiiv", "draws a pie"),
+    OP("DrawLine", "iiiivvv", "draws a line"),
+    OP("DrawRoundRect", "iiiiiiv", "draws a rounded rectangle"),
+    OP("DrawArc", "iiiiiiv", "draws an arc"),
+    OP("Area", "bvvvv", "sets the processing area"),
+    OP("Merge", "bvvvvvv", "merges the clipboard into the image"),
+    OP("PWarp", "iiiiiiii", "warps onto four corners"),
+    OP("CaptureWindow", "l", "captures a window"),
     {u"DrawMode", L, "i", '-', "value", "drawing raster operation"},
     {u"DrawFillColor", L, "c", '-', "value", "fill colour of shapes"},
     {u"DrawFillStyle", L, "i", '-', "value", "fill style of shapes"},
-    OP("Gamma", "i", "gamma", "gamma correction"),
+    OP("Gamma", "i", "gamma correction"),
     {u"DrawStyle", L, "i", '-', "value", "line style"},
     {u"DrawWidth", L, "l", '-', "value", "line width"},
-    OP("Noise", "ii", "amount, kind", "adds noise"),
-    OP("Parabolic", "i", "amount", "parabolic tone curve"),
-    OP("Perspective", "ii", "amount, direction", "perspective distortion"),
-    OP("PICResize", "ii", "width, height", "resizes smoothly (used by ResizeAspect)"),
-    OP("Pinch", "i", "amount", "pinches towards the centre"),
+    OP("Noise", "ii", "adds noise"),
+    OP("Parabolic", "i", "parabolic tone curve"),
+    OP("Perspective", "ii", "perspective distortion"),
+    OP("PICResize", "ii", "resizes smoothly (used by ResizeAspect)"),
+    OP("Pinch", "i", "pinches towards the centre"),
     {u"Picture", G, "", 'o', "", "the image as a picture object", picture},
     RO("UniqueColors", "l", "number of distinct colours"),
     {u"NumPages", G, "s", 'l', "fileName", "number of pages of a file", numPages},
@@ -158,6 +159,25 @@ constexpr MemberDef kMembers[] = {
 
 std::span<const MemberDef> memberTable() {
     return kMembers;
+}
+
+std::string argumentNames(const MemberDef& def) {
+    if (!def.argNames.empty() || def.kind != MemberKind::Method) return std::string(def.argNames);
+    const imaging::OperationDef* op = imaging::findOperation(vbs::toUtf8(def.name));
+    std::string names;
+    for (size_t k = 0; op && k < op->params.size(); ++k) {
+        std::string name(op->params[k].name);
+        if (k) names += ", ";
+        names += op->params[k].def ? "[" + name + "]" : name;
+    }
+    return names;
+}
+
+std::string_view description(const MemberDef& def) {
+    if (def.kind == MemberKind::Method && !def.handler)
+        if (const imaging::OperationDef* op = imaging::findOperation(vbs::toUtf8(def.name)))
+            return op->description;
+    return def.description;
 }
 
 } // namespace fx

@@ -337,3 +337,21 @@ TEST(FxMembers, MembersWithLogicCallTheControlInTheRequiredOrder) {
     ASSERT_EQ(log.calls.size(), 1u);
     EXPECT_EQ(log.calls[0], (std::pair<std::string, std::vector<int>>{"ColorSeparation", {3}}));
 }
+
+TEST(FxMembers, PlainMethodsMatchTheControlsOperations) {
+    for (const auto& m : fx::memberTable()) {
+        if (m.kind != fx::MemberKind::Method || m.handler) continue;
+        const imaging::OperationDef* op = imaging::findOperation(vbs::toUtf8(m.name));
+        if (!op) continue; // raises 445 until an operation exists
+        EXPECT_EQ(op->params.size(), m.args.size()) << vbs::toUtf8(m.name);
+        EXPECT_EQ(fx::description(m), op->description);
+    }
+    auto find = [](std::u16string_view name) {
+        for (const auto& m : fx::memberTable())
+            if (m.name == name) return &m;
+        return static_cast<const fx::MemberDef*>(nullptr);
+    };
+    EXPECT_EQ(fx::argumentNames(*find(u"Resize")), "width, height");
+    EXPECT_EQ(fx::argumentNames(*find(u"AutoCrop")), "tolerance, [color], [margin]");
+    EXPECT_EQ(fx::argumentNames(*find(u"ResizeAspect")), "maxWidth, maxHeight, allowEnlarge");
+}
