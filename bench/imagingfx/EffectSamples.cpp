@@ -159,12 +159,17 @@ std::vector<EffectSample> effectSamples(const VImage& clipboard) {
                        return fx::applyInArea(i, r,
                                               [](const VImage& a) { return fx::Swirl(a, 360); });
                    }});
-    all.push_back({"Merge", "Merge stretch, 60..20%", [clipboard](const VImage& i) {
-                       fx::MergeOptions o;
-                       o.size = int(fx::MergeSize::Stretch);
-                       o.highPercent = 60;
-                       o.lowPercent = 20;
-                       return fx::Merge(i, clipboard, o);
-                   }});
+    auto merge = [clipboard](int size, int high, int low) {
+        return [=](const VImage& i) {
+            fx::MergeOptions o;
+            o.size = size;
+            o.highPercent = high;
+            o.lowPercent = low;
+            return fx::Merge(i, clipboard, o);
+        };
+    };
+    all.push_back({"Merge", "Merge centred, 100..70%", merge(int(fx::MergeSize::Centre), 100, 70)});
+    all.push_back(
+        {"Merge", "Merge stretched, 60..20%", merge(int(fx::MergeSize::Stretch), 60, 20)});
     return all;
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -51,11 +52,16 @@ int main(int argc, char** argv) {
     if (VIPS_INIT(argv[0])) return 1;
     std::string photo = argc > 1 ? argv[1] : "data/example.jpg";
     std::string output = argc > 2 ? argv[2] : "effects-sheet.png";
-    if (argc > 3)
-        kTileWidth = std::max(100, std::atoi(argv[3]));
+    if (argc > 3) kTileWidth = std::max(100, std::atoi(argv[3]));
     try {
         VImage original = VImage::thumbnail(photo.c_str(), kTileWidth).copy_memory();
-        VImage clipboard = original.flip(VIPS_DIRECTION_HORIZONTAL).copy_memory();
+        // Merge's clipboard: a second photo at half the tile size when the samples are beside
+        // the photo, else the photo mirrored.
+        std::filesystem::path second =
+            std::filesystem::path(photo).parent_path() / "samples" / "umang.jpg";
+        VImage clipboard = std::filesystem::exists(second)
+                               ? VImage::thumbnail(second.c_str(), kTileWidth / 2).copy_memory()
+                               : original.flip(VIPS_DIRECTION_HORIZONTAL).copy_memory();
         int h = original.height();
         std::vector<VImage> tiles{tileFor("original", original, h)};
         for (const EffectSample& s : effectSamples(clipboard)) {
