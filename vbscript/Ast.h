@@ -229,6 +229,9 @@ struct Procedure {
         enum Kind : uint8_t { Dim, ReDim, Const } kind;
     };
     std::vector<Decl> decls; // Dim/ReDim/Const in the body (top level: global declarations)
+    // Undeclared names used in the body (global if one exists when they run, else a local):
+    // folded name -> (global slot, local slot). Execute'd code shares them.
+    std::unordered_map<String, std::pair<int, int>> implicitIndex;
     int resultSlot = -1;
     int localCount = 0;
 };

@@ -97,7 +97,6 @@ private:
     void resolveProc(Procedure* p)
     {
         m_proc = p;
-        m_implicit.clear();
         m_localConsts.clear();
         if (p->kind != ProcKind::TopLevel) {
             for (const auto& param : p->params)
@@ -137,9 +136,9 @@ private:
     void resolveName(NameExpr* n, bool asCall)
     {
         const String key = foldCase(n->name);
-        if (m_proc->kind != ProcKind::TopLevel) {
-            auto imp = m_implicit.find(key);
-            if (imp != m_implicit.end()) {
+        if (Procedure* lp = localScope()) {
+            auto imp = lp->implicitIndex.find(key);
+            if (imp != lp->implicitIndex.end()) {
                 n->kind = ExprKind::Implicit;
                 n->slot = imp->second.first;
                 n->localSlot = imp->second.second;
@@ -182,7 +181,7 @@ private:
         // otherwise a local of the procedure.
         n->kind = ExprKind::Implicit;
         n->localSlot = addLocal(m_proc, u"\x01" + n->name);
-        m_implicit[key] = {n->slot, n->localSlot};
+        m_proc->implicitIndex[key] = {n->slot, n->localSlot};
     }
 
     static bool isNumericLiteral(const Expr* e)
@@ -362,7 +361,6 @@ private:
     Procedure* m_scope;
     Procedure* m_proc = nullptr;
     std::vector<int> m_withSlots;
-    std::unordered_map<String, std::pair<int, int>> m_implicit;
     std::unordered_set<String> m_localConsts;
     int m_hiddenCounter = 0;
 };
