@@ -95,9 +95,13 @@ Flow Engine::exec(const Stmt* s)
         default: return Flow::ExitProc;
         }
     case StmtKind::Const:
-        for (const auto& [name, value] : static_cast<const ConstStmt*>(s)->items)
-            if (name->kind != ExprKind::Global)
-                *variableRef(name.get(), RefMode::Write) = static_cast<const LiteralExpr*>(value.get())->value;
+        for (const auto& [name, value] : static_cast<const ConstStmt*>(s)->items) {
+            const Value& v = static_cast<const LiteralExpr*>(value.get())->value;
+            if (name->kind == ExprKind::Global)
+                global(static_cast<const NameExpr*>(name.get())->slot).value = v;
+            else
+                *variableRef(name.get(), RefMode::Write) = v;
+        }
         return Flow::Normal;
     case StmtKind::OnErrorResumeNext:
         m_frame->resumeNext = true;
