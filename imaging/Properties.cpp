@@ -95,7 +95,8 @@ const PropertyDef kState[] = {
 
 #define AREA(field) [](ImagingControl& c) -> Arg { return c.area().field; }
 #define ADJUST(field) [](ImagingControl& c) -> Arg { return c.adjust.field; }
-#define IMG(expr) [](ImagingControl& c) -> Arg { return int32_t(c.image().expr); }
+// Without an image the size reads 0, as scripts test before they divide by it.
+#define IMG(expr) [](ImagingControl& c) -> Arg { return c.hasImage() ? int32_t(c.image().expr) : 0; }
 
 const PropertyDef kInfo[] = {
     {"ImagWidth", T::Long, Access::Read, 0, 0, 0, "width of the image in pixels", IMG(width())},
@@ -103,7 +104,7 @@ const PropertyDef kInfo[] = {
     {"IWidth", T::Long, Access::Read, 0, 0, 0, "width of the image in pixels", IMG(width())},
     {"IHeight", T::Long, Access::Read, 0, 0, 0, "height of the image in pixels", IMG(height())},
     {"IBPP", T::Int, Access::Read, 0, 0, 0, "bits per pixel: 1, 4, 8, 16, 24, 32 (with alpha), 48 or 64",
-     [](ImagingControl& c) -> Arg { c.image(); return c.bitsPerPixel(); }},
+     [](ImagingControl& c) -> Arg { return c.hasImage() ? c.bitsPerPixel() : 0; }},
     {"IFileSize", T::Long, Access::Read, 0, 0, 0, "size of the loaded file in bytes",
      [](ImagingControl& c) -> Arg { return int32_t(std::min<int64_t>(c.source().fileSize, kLongMax)); }},
     {"IFormat", T::Int, Access::Read, 0, 0, 0, "format code of the loaded file (the SaveFileType codes); 0 = other",
@@ -111,7 +112,7 @@ const PropertyDef kInfo[] = {
     {"NumPagesLoaded", T::Long, Access::Read, 0, 0, 0, "pages of the loaded file",
      [](ImagingControl& c) -> Arg { return c.source().pages; }},
     {"UniqueColors", T::Long, Access::Read, 0, 0, 0, "number of distinct colours in the image",
-     [](ImagingControl& c) -> Arg { return c.uniqueColors(); }},
+     [](ImagingControl& c) -> Arg { return c.hasImage() ? c.uniqueColors() : 0; }},
     {"ImagError", T::Long, Access::Read, 0, 0, 0, "code of the last failure, 0 after a member that succeeded",
      [](ImagingControl& c) -> Arg { return c.lastError(); }},
     {"IPAdjustRed", T::Int, Access::Read, 0, 0, 0, "red of the last AdjustRGB", ADJUST(red)},

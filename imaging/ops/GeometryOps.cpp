@@ -99,7 +99,7 @@ constexpr ParamDef kCropBorder[] = {
     {"units", T::Int, 0, 1, 0, "0 = pixels, 1 = percent of the width and height"},
 };
 constexpr ParamDef kRotate[] = {
-    {"angle", T::Double, -360, 360, {}, "degrees clockwise; uncovered corners take BackColor"},
+    {"angle", T::Double, -32768, 32767, {}, "degrees clockwise, any angle; uncovered corners take BackColor"},
 };
 constexpr ParamDef kTile[] = {
     {"columns", T::Int, 1, 256, {}, "copies across"},

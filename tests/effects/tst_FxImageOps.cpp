@@ -30,6 +30,13 @@ TEST_F(FxOps, RotateAnyAngleFillsWithBackColor) {
     EXPECT_NEAR(corner[2], 0, 1);
 }
 
+TEST_F(FxOps, RotateTakesAnyAngle) {
+    d.call(u"Rotate", {I(450)});
+    EXPECT_EQ(d.width(), 48);
+    d.call(u"Rotate", {I(-90)});
+    EXPECT_EQ(d.width(), 64);
+}
+
 TEST_F(FxOps, CroppingAndTiling) {
     d.call(u"Crop", {I(10), I(5), I(20), I(30)});
     EXPECT_EQ(d.width(), 20);

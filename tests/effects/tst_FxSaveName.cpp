@@ -96,6 +96,10 @@ TEST_F(FxResize, ResizeAspectFitsTheBox) {
     EXPECT_EQ(after("land.jpg", u"ResizeAspect", {L(500), L(200), f}), Size(267, 200));
     FxDriver d;
     EXPECT_EQ(d.errorOf([&] { d.call(u"ResizeAspect", {L(200), L(200)}); }), 450);
+    // No image: the size reads 0 and the fit divides by it.
+    EXPECT_EQ(d.width(), 0);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"ResizeAspect", {L(200), L(200), t}); }), 11);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"ResizePercent", {I(50)}); }), 11);
 }
 
 TEST(FxSaveName, ABlankAfterTheNameFromACommandLineIsDropped) {

@@ -106,7 +106,7 @@ TEST(ImagingControl, ChecksArgumentsAgainstTheDeclaration) {
     ImagingControl c;
     c.setFileName(dir.str("a.jpg"));
     try {
-        run(c, "Rotate", {400.0});
+        run(c, "Rotate", {40000.0});
         FAIL();
     } catch (const ImagingError& e) {
         EXPECT_EQ(e.code(), ErrorCode::ArgumentOutOfRange);
