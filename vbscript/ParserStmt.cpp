@@ -349,6 +349,16 @@ void Parser::addMember(ClassDef& cls, Procedure* proc)
         throw e;
     }
     *slot = proc;
+    // Property Let/Set take the Get's arguments plus the value.
+    const Procedure* get = m->get;
+    for (const Procedure* put : {m->let, m->set}) {
+        if (get && put && put->params.size() != get->params.size() + 1) {
+            ScriptError e(ErrorCode::InconsistentPropertyArgs);
+            e.line = proc->line;
+            e.column = proc->column;
+            throw e;
+        }
+    }
     if (proc->isPublic)
         m->isPublic = true;
     if (proc->isDefault) {
