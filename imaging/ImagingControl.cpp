@@ -56,6 +56,10 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
     } catch (const std::bad_alloc&) {
         m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
         fail(ErrorCode::ProcessingFailed, std::string(what) + " (out of memory)");
+    } catch (const std::exception& e) {
+        // Anything else a handler lets through still leaves as the control's own error.
+        m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
+        fail(ErrorCode::ProcessingFailed, std::string(what) + " (" + e.what() + ")");
     }
 }
 
@@ -165,7 +169,8 @@ void ImagingControl::pasteFromClipboard() {
 
 void ImagingControl::undo() {
     if (m_undo.empty())
-        fail(ErrorCode::NothingToUndo, "no change has been made since the last load");
+        fail(ErrorCode::NothingToUndo,
+             "no change kept since the last load or undo (UndoEnabled keeps one)");
     VImage previous = m_undo.back();
     m_undo.clear();
     m_image = previous;
