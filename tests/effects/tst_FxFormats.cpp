@@ -284,3 +284,22 @@ TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
     EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(),
                 255 - gradient(64, 48).avg(), 3);
 }
+
+TEST(FxFormats, GifTypeChoosesDithering) {
+    TempDir dir;
+    gradient(256, 64).pngsave(dir.str("smooth.png").c_str());
+    FxDriver d;
+    d.load(dir.str("smooth.png"));
+    d.let(u"SaveGIFType", I(0));
+    d.saveAs(dir.str("dithered.gif"));
+    d.let(u"SaveGIFType", I(1));
+    d.saveAs(dir.str("flat.gif"));
+    // Neighbouring pixels differ far more often where the error was spread.
+    auto changes = [&](const char* name) {
+        vips::VImage g = vips::VImage::new_from_file(dir.str(name).c_str())[0];
+        vips::VImage left = g.crop(0, 0, g.width() - 1, g.height());
+        vips::VImage right = g.crop(1, 0, g.width() - 1, g.height());
+        return (left != right).avg();
+    };
+    EXPECT_GT(changes("dithered.gif"), changes("flat.gif"));
+}
