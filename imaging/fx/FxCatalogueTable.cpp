@@ -317,7 +317,7 @@ std::vector<FxMemberInfo> drawingMembers() {
          "opacity runs from low to high with the clipboard's brightness."},
         {"CaptureWindow",
          "Capture",
-         {plain("handle", "long", "X11 window id; 0 captures the whole screen")},
+         {ranged("handle", "long", 0, 2147483647, "X11 window id; 0 captures the whole screen")},
          "Replaces the image with a capture of a window of the desktop (X11 displays)."},
     };
 }

@@ -54,7 +54,10 @@ void expand(const ::fx::FxArgument& a, std::vector<ParamDef>& out) {
     if (a.name == "matrix") {
         for (int k = 1; k <= 9; ++k) {
             const std::string& name = nameStore().emplace_back("m" + std::to_string(k));
-            out.push_back({name, ParamType::Int, -32768, 32767, std::nullopt, a.meaning});
+            const std::string& meaning =
+                nameStore().emplace_back("kernel row " + std::to_string((k + 2) / 3) + ", column " +
+                                         std::to_string((k - 1) % 3 + 1));
+            out.push_back({name, ParamType::Int, -32768, 32767, std::nullopt, meaning});
         }
         return;
     }
@@ -62,7 +65,10 @@ void expand(const ::fx::FxArgument& a, std::vector<ParamDef>& out) {
         for (int k = 3; k <= 6; ++k)
             for (const char* axis : {"x", "y"}) {
                 const std::string& name = nameStore().emplace_back(axis + std::to_string(k));
-                out.push_back({name, ParamType::Int, -32768, 32767, 0.0, a.meaning});
+                const std::string& meaning =
+                    nameStore().emplace_back(std::string(axis) + " of point " + std::to_string(k) +
+                                             "; leave out both of a pair for fewer points");
+                out.push_back({name, ParamType::Int, -32768, 32767, 0.0, meaning});
             }
         return;
     }
