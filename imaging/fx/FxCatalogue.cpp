@@ -67,16 +67,17 @@ void checkArgument(std::string_view member, std::string_view argument, double va
 
 std::string referenceEntry(const FxMemberInfo& m) {
     std::string call(m.name), lines;
+    // The drawing state's "default" is the value the control starts with, not an omission.
+    bool state = m.family == "Drawing state";
     for (size_t k = 0; k < m.arguments.size(); ++k) {
         const FxArgument& a = m.arguments[k];
-        bool optional = !a.defaultValue.empty();
+        bool optional = !a.defaultValue.empty() && !state;
         call += (k == 0 ? " " : ", ") + std::string(optional ? "[" : "") + std::string(a.name) +
                 (optional ? "]" : "");
         lines += "    " + std::string(a.name) + ": " + std::string(a.type);
-        if (a.ranged)
-            lines += ", " + rangeText(a);
-        if (optional)
-            lines += ", default " + std::string(a.defaultValue);
+        if (a.ranged) lines += ", " + rangeText(a);
+        if (!a.defaultValue.empty())
+            lines += (state ? ", initially " : ", default ") + std::string(a.defaultValue);
         lines += " - " + std::string(a.meaning) + "\n";
     }
     return call + "\n    " + std::string(m.description) + "\n" + lines;

@@ -54,6 +54,9 @@ TEST(Catalogue, ReferenceEntryShowsCallRangesAndDefaults) {
               std::string::npos)
         << entry;
     EXPECT_NE(entry.find("aspect: number, 0.01 to 100, default 1 - "), std::string::npos) << entry;
+    std::string mode = fx::referenceEntry(*fx::findEffect("DrawMode"));
+    EXPECT_EQ(mode.substr(0, mode.find('\n')), "DrawMode mode");
+    EXPECT_NE(mode.find("initially 13"), std::string::npos) << mode;
 }
 
 TEST(Catalogue, RangeMessagesNameMemberArgumentRangeAndValue) {

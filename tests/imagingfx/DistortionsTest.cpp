@@ -1,6 +1,9 @@
 // Distortions: sizes kept, fixed points fixed, the documented regions moved, bad corners refused.
 #include "imaging/fx/Distortions.h"
 
+#include <cmath>
+#include <numbers>
+
 #include "FxTestSupport.h"
 
 using namespace fxtest;
@@ -23,6 +26,19 @@ TEST(Distortions, SwirlTurnsTheMiddleAndLeavesCornersAndCentre) {
         5);
     EXPECT_LE(maxDiff(fx::Swirl(in, 0), in), 1);
     expectBadArgument([&] { fx::Swirl(in, 3601); }, "Swirl", "angle must be -3600 to 3600");
+}
+
+TEST(Distortions, PositiveSwirlTurnsCounterClockwise) {
+    // A white dot 20 pixels right of the centre of a black 240x160 image (the swirl reaches 80
+    // pixels): +90 degrees fades to 90 * (1 - 20/80)^2 = 50.6 there, so the dot moves up.
+    VImage dot = flat(240, 160, 0, 0, 0).copy_memory();
+    dot.draw_rect({255, 255, 255}, 138, 78, 3, 3, VImage::option()->set("fill", true));
+    VImage out = fx::Swirl(dot, 90).extract_band(0);
+    double turn = 90 * 0.75 * 0.75 * std::numbers::pi / 180;
+    int x = int(std::lround(119.5 + 20 * std::cos(turn))),
+        y = int(std::lround(79.5 - 20 * std::sin(turn)));
+    EXPECT_GT(out.crop(x - 2, y - 2, 5, 5).max(), 200) << x << "," << y;
+    EXPECT_LT(out.crop(138, 78, 3, 3).max(), 50); // no longer where it was
 }
 
 TEST(Distortions, TwistSwirlsEachBlock) {

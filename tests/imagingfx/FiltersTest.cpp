@@ -51,7 +51,8 @@ TEST(Filters, MotionBlurSmearsAlongItsAngleOnly) {
 }
 
 TEST(Filters, MedianRemovesAnIsolatedSpeck) {
-    VImage in = photo().copy_memory();
+    // A fresh buffer: drawing works in place, and photo() is shared by the tests.
+    VImage in = photo().copy().copy_memory();
     in.draw_rect({255, 255, 255}, 100, 120, 1, 1, VImage::option()->set("fill", true));
     VImage out = fx::Median(in);
     EXPECT_LT(pixel(out, 100, 120)[0], 250);
@@ -126,4 +127,9 @@ TEST(Filters, MatrixAppliesKernelDivisorAndBias) {
     EXPECT_EQ(fx::Matrix(grey, {0, 0, 0, 0, -1, 0, 0, 0, 0}, 1, 0).max(), 0); // clipped at black
     expectBadArgument([&] { fx::Matrix(in, {}, 0, 0); }, "Matrix", "divisor must not be 0");
     expectBadArgument([&] { fx::Matrix(in, {}, 1, 256); }, "Matrix", "bias must be -255 to 255");
+}
+
+TEST(Filters, TheSharedPhotoIsNotChangedByTheTests) {
+    // Every effect returns a new image; the photo the tests share keeps its pixels.
+    EXPECT_EQ(maxDiff(photo(), VImage::thumbnail(FX_TEST_PHOTO, 240)), 0);
 }
