@@ -3,6 +3,7 @@
 //   ' expect: text                          one line of output, in order
 //   ' expect runtime error 13 line 4         the script stops with that error
 //   ' expect compile error 1025 line 4       the code does not compile
+//   ' expect exit 3                          WScript.Quit 3
 #include <sys/wait.h>
 
 #include <algorithm>
@@ -25,6 +26,7 @@ struct Expectation {
     std::string errorKind; // "runtime", "compile" or empty
     int errorNumber = 0;
     int errorLine = 0;
+    int exitStatus = 0;
 };
 
 std::string readFile(const fs::path& p)
@@ -59,9 +61,12 @@ Expectation parseExpectations(const std::string& source)
     Expectation e;
     static const std::regex out(R"('\s*expect:\s?(.*)$)");
     static const std::regex err(R"('\s*expect (runtime|compile) error (\d+)(?: line (\d+))?)");
+    static const std::regex exitRe(R"('\s*expect exit (\d+))");
     for (const auto& line : splitLines(source)) {
         std::smatch m;
-        if (std::regex_search(line, m, err)) {
+        if (std::regex_search(line, m, exitRe)) {
+            e.exitStatus = std::stoi(m[1]);
+        } else if (std::regex_search(line, m, err)) {
             e.errorKind = m[1];
             e.errorNumber = std::stoi(m[2]);
             e.errorLine = m[3].matched ? std::stoi(m[3]) : 0;
@@ -93,7 +98,7 @@ bool runOne(const std::string& vbsrun, const fs::path& script, const fs::path& t
         problems.push_back(s.str());
     }
     if (exp.errorKind.empty()) {
-        if (status != 0 || !err.empty())
+        if (status != exp.exitStatus || !err.empty())
             problems.push_back("unexpected failure (status " + std::to_string(status) + "): " + err);
     } else {
         static const std::regex report(R"(\((\d+), (\d+)\) (runtime|compilation) error (-?\d+): )");
@@ -109,7 +114,7 @@ bool runOne(const std::string& vbsrun, const fs::path& script, const fs::path& t
                     + (exp.errorLine ? " line " + std::to_string(exp.errorLine) : "") + ", got: " + err);
         }
     }
-    if (exp.output.empty() && exp.errorKind.empty())
+    if (exp.output.empty() && exp.errorKind.empty() && exp.exitStatus == 0)
         problems.push_back("the script states no expectation");
     for (const auto& p : problems)
         std::cout << "FAIL " << script.filename().string() << ": " << p << "\n";
