@@ -52,8 +52,9 @@ VImage radius(const Offsets& o) {
     return (o.dx * o.dx + o.dy * o.dy).pow(0.5);
 }
 
-VImage resample(const VImage& image, const VImage& sx, const VImage& sy, bool edgeCopy) {
-    return detail::remap(image, sx, sy, "bilinear", edgeCopy);
+VImage resample(const VImage& image, const VImage& sx, const VImage& sy, bool edgeCopy,
+                Colour background = 0) {
+    return detail::remap(image, sx, sy, "bilinear", edgeCopy, background);
 }
 
 // The offsets turned by angle degrees at the centre, the turn fading to none at limit.
@@ -106,7 +107,8 @@ bool convex(const std::array<Point, 4>& p) {
     return positive == 4 || negative == 4;
 }
 
-VImage warp(const char* member, const VImage& image, const std::array<Point, 4>& corners) {
+VImage warp(const char* member, const VImage& image, const std::array<Point, 4>& corners,
+            Colour background) {
     if (image.width() < 2 || image.height() < 2) return image; // no area to warp
     double w = image.width() - 1, h = image.height() - 1;
     std::array<Point, 4> source{Point{0, 0}, Point{w, 0}, Point{w, h}, Point{0, h}};
@@ -117,11 +119,11 @@ VImage warp(const char* member, const VImage& image, const std::array<Point, 4>&
     return guarded(member, [&] {
         Offsets o = offsetsFrom(image, 0, 0);
         VImage den = o.dx * m[6] + o.dy * m[7] + 1;
-        // Points behind the viewer (den <= 0) map far outside, so they show black.
+        // Points behind the viewer (den <= 0) map far outside, so they show the background.
         VImage safe = (den > 1e-6).ifthenelse(den, 1e-6);
         VImage sx = (den > 1e-6).ifthenelse((o.dx * m[0] + o.dy * m[1] + m[2]) / safe, -1e6);
         VImage sy = (o.dx * m[3] + o.dy * m[4] + m[5]) / safe;
-        return resample(image, sx, sy, false);
+        return resample(image, sx, sy, false, background);
     });
 }
 
@@ -183,7 +185,7 @@ VImage Ripple(const VImage& image, int amplitude, int wavelength, int direction)
     });
 }
 
-VImage Perspective(const VImage& image, int edge, int amount) {
+VImage Perspective(const VImage& image, int edge, int amount, Colour background) {
     checkArgument("Perspective", "edge", edge);
     checkArgument("Perspective", "amount", amount);
     if (amount == 0) return image;
@@ -208,16 +210,16 @@ VImage Perspective(const VImage& image, int edge, int amount) {
         c[2].y -= sy;
         break;
     }
-    return warp("Perspective", image, c);
+    return warp("Perspective", image, c, background);
 }
 
-VImage PWarp(const VImage& image, const std::array<Point, 4>& corners) {
+VImage PWarp(const VImage& image, const std::array<Point, 4>& corners, Colour background) {
     static const char* names[8] = {"x1", "y1", "x2", "y2", "x3", "y3", "x4", "y4"};
     for (int i = 0; i < 4; ++i) {
         checkArgument("PWarp", names[2 * i], corners[i].x);
         checkArgument("PWarp", names[2 * i + 1], corners[i].y);
     }
-    return warp("PWarp", image, corners);
+    return warp("PWarp", image, corners, background);
 }
 
 } // namespace fx

@@ -14,8 +14,11 @@ vips::VImage Swirl(const vips::VImage& image, double angle);
 vips::VImage Twist(const vips::VImage& image, int angle, int size);
 vips::VImage Pinch(const vips::VImage& image, int amount);
 vips::VImage Ripple(const vips::VImage& image, int amplitude, int wavelength, int direction);
-vips::VImage Perspective(const vips::VImage& image, int edge, int amount);
+// Uncovered pixels take the background colour (the control's BackColor), transparent where the
+// image has alpha.
+vips::VImage Perspective(const vips::VImage& image, int edge, int amount, Colour background = 0);
 // corners: new positions of top-left, top-right, bottom-right, bottom-left, in that order.
-vips::VImage PWarp(const vips::VImage& image, const std::array<Point, 4>& corners);
+vips::VImage PWarp(const vips::VImage& image, const std::array<Point, 4>& corners,
+                   Colour background = 0);
 
 } // namespace fx

@@ -157,7 +157,7 @@ std::vector<FxMemberInfo> distortions() {
          "Distortions",
          {ranged("edge", "integer", 0, 3, "edge that recedes: 0 top, 1 bottom, 2 left, 3 right"),
           ranged("amount", "integer", 0, 90, "percent by which that edge is shortened")},
-         "Tilts the image away from the viewer; uncovered corners become black."},
+         "Tilts the image away from the viewer; uncovered corners take BackColor."},
         {"PWarp",
          "Distortions",
          {coord("x1", "new x of the top-left corner"), coord("y1", "new y of the top-left corner"),
@@ -168,7 +168,7 @@ std::vector<FxMemberInfo> distortions() {
           coord("x4", "new x of the bottom-left corner"),
           coord("y4", "new y of the bottom-left corner")},
          "Projective warp moving the four corners to the given points (a convex quadrilateral); "
-         "the size stays, uncovered pixels become black."},
+         "the size stays, uncovered pixels take BackColor."},
     };
 }
 

@@ -84,8 +84,9 @@ FX_APPLY(swirl, ::fx::Swirl(in, a.d(0)))
 FX_APPLY(twist, ::fx::Twist(in, a.i(0), a.i(1)))
 FX_APPLY(pinch, ::fx::Pinch(in, a.i(0)))
 FX_APPLY(ripple, ::fx::Ripple(in, a.i(0), a.i(1), a.i(2)))
-FX_APPLY(perspective, ::fx::Perspective(in, a.i(0), a.i(1)))
-FX_APPLY(pWarp, ::fx::PWarp(in, {point(a, 0), point(a, 2), point(a, 4), point(a, 6)}))
+FX_APPLY(perspective, ::fx::Perspective(in, a.i(0), a.i(1), ctx.backColor))
+FX_APPLY(pWarp,
+         ::fx::PWarp(in, {point(a, 0), point(a, 2), point(a, 4), point(a, 6)}, ctx.backColor))
 FX_APPLY(drawLine,
          ::fx::DrawLine(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.i(4), a.b(5), a.b(6)))
 FX_APPLY(drawCircle, ::fx::DrawCircle(in, drawState(ctx), a.i(0), a.i(1), a.i(2), a.i(3), a.d(4)))

@@ -96,13 +96,20 @@ VImage clamped(const VImage& v, double high) {
 } // namespace
 
 VImage remap(const VImage& image, const VImage& sx, const VImage& sy, const char* interpolator,
-             bool edgeCopy) {
+             bool edgeCopy, Colour background) {
     // mapim shows the background for positions outside the image whatever its extend says, so
     // edge copying is done by clamping the positions.
     VImage map = edgeCopy ? clamped(sx, image.width() - 1).bandjoin(clamped(sy, image.height() - 1))
                           : sx.bandjoin(sy);
-    return image.mapim(
-        map, VImage::option()->set("interpolate", vips::VInterpolate::new_from_name(interpolator)));
+    auto* options =
+        VImage::option()->set("interpolate", vips::VInterpolate::new_from_name(interpolator));
+    if (!edgeCopy) {
+        Planes p = splitPlanes(image);
+        std::vector<double> ink = colourInk(background, p.colour.bands(), p.white);
+        if (p.hasAlpha) ink.push_back(0);
+        options->set("background", ink);
+    }
+    return image.mapim(map, options);
 }
 
 } // namespace fx::detail

@@ -56,8 +56,9 @@ vips::VImage integerMask(int width, int height, const std::vector<double>& value
 vips::VImage noiseField(int width, int height, int bands, double sigma, int seed);
 
 // Resamples image at (sx, sy) for every output pixel (float coordinate images). With edgeCopy a
-// position outside the image takes the nearest edge pixel; otherwise it shows black.
+// position outside the image takes the nearest edge pixel; otherwise it shows the background
+// colour (transparent where the image has alpha).
 vips::VImage remap(const vips::VImage& image, const vips::VImage& sx, const vips::VImage& sy,
-                   const char* interpolator, bool edgeCopy);
+                   const char* interpolator, bool edgeCopy, Colour background = 0);
 
 } // namespace fx::detail

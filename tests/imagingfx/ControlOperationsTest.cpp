@@ -66,6 +66,14 @@ TEST(ControlOperations, EffectsChangeTheCurrentImage) {
     EXPECT_LT(detailX(c.image()), detailX(photo()));
 }
 
+TEST(ControlOperations, WarpsFillWithBackColor) {
+    ImagingControl c;
+    c.setImage(photo());
+    c.setProperty("BackColor", int32_t(fx::makeColour(0, 0, 255)));
+    invoke(c, "Perspective", ints({0, 50}));
+    EXPECT_EQ(pixel(c.image(), 1, 1), (std::vector<double>{0, 0, 255}));
+}
+
 TEST(ControlOperations, MatrixTakesKernelThenDivisorThenBias) {
     ImagingControl c;
     c.setImage(flat(20, 10, 100, 100, 100));

@@ -87,6 +87,11 @@ TEST(Distortions, PerspectiveNarrowsTheChosenEdge) {
     EXPECT_EQ(pixel(right, 238, 1), (std::vector<double>{0, 0, 0}));
     EXPECT_LE(maxDiff(right.crop(0, 0, 1, 160), in.crop(0, 0, 1, 160)), 2);
     EXPECT_EQ(maxDiff(fx::Perspective(in, 1, 0), in), 0);
+    // Uncovered corners take the background colour; with alpha they are transparent.
+    VImage red = fx::Perspective(in, 0, 40, fx::makeColour(255, 0, 0));
+    EXPECT_EQ(pixel(red, 2, 1), (std::vector<double>{255, 0, 0}));
+    VImage rgba = in.bandjoin_const({255}).copy_memory();
+    EXPECT_EQ(pixel(fx::Perspective(rgba, 0, 40, 0xFFFFFF), 2, 1)[3], 0);
     expectBadArgument([&] { fx::Perspective(in, 4, 10); }, "Perspective", "edge must be 0 to 3");
     expectBadArgument([&] { fx::Perspective(in, 0, 91); }, "Perspective", "amount must be 0 to 90");
 }
