@@ -42,7 +42,9 @@ QString switchValue(const QString& line, const QString& switchName, bool* presen
 // The ProcessEffects calls for the files named by "/folder:", "/folderall:" and "/files:".
 // *hasSource is false when the line has neither a folder file nor a "/files:" switch, in which
 // case the main-code placeholder is to stay as it is.
-QString buildMainCode(const QString& line, bool* hasSource);
+// Entries naming no existing folder or file are left out; `warn`, when set, is told of each.
+QString buildMainCode(const QString& line, bool* hasSource,
+                      const std::function<void(const QString&)>& warn = {});
 
 // The body of ProcessEffects from the line's "/fx.", "/progress." and "/cmd:" items.
 QString buildEffectsBody(const QString& line);
@@ -56,6 +58,9 @@ struct RunOptions {
     // expansion loops; returning false stops the loop. Without it, an existing empty file makes
     // the loop go on for ever, which is the defined behaviour of those switches.
     std::function<bool()> expansionGuard;
+    // Told of what the run leaves out silently (a missing folder, photo, template or stored
+    // command line), so the command-line tool can say so on stderr.
+    std::function<void(const QString&)> warn;
 };
 
 struct RunPlan {

@@ -3,16 +3,29 @@
 
 #include "platform/mFile.h"
 
+#include <functional>
+
 namespace mEngineMain {
 
 namespace {
 
+using Warn = std::function<void(const QString&)>;
+
+void tell(const Warn& warn, const QString& text) {
+    if (warn) warn(text);
+}
+
 // "path;" for every image file of every existing folder named in the switch's value.
-QString folderFiles(const QString& line, const QString& switchName, bool includeSubfolders) {
+QString folderFiles(const QString& line, const QString& switchName, bool includeSubfolders,
+                    const Warn& warn) {
     QString list;
     for (const QString& entry : switchValue(line, switchName).split(u';')) {
         const QString folder = entry.trimmed();
-        if (!mFile::FolderExists(folder)) continue;
+        if (!mFile::FolderExists(folder)) {
+            if (!folder.isEmpty())
+                tell(warn, QStringLiteral("folder not found: %1 (%2)").arg(folder, switchName));
+            continue;
+        }
         for (const QString& path : mFile::EnumerateFiles(folder, imageFilter(), includeSubfolders))
             list += path + u';';
     }
@@ -25,9 +38,9 @@ bool startsWithWord(const QString& item, QLatin1String word) {
 
 } // namespace
 
-QString buildMainCode(const QString& line, bool* hasSource) {
-    const QString folderList = folderFiles(line, QStringLiteral("/folder:"), false) +
-                               folderFiles(line, QStringLiteral("/folderall:"), true);
+QString buildMainCode(const QString& line, bool* hasSource, const Warn& warn) {
+    const QString folderList = folderFiles(line, QStringLiteral("/folder:"), false, warn) +
+                               folderFiles(line, QStringLiteral("/folderall:"), true, warn);
     bool hasFilesSwitch = false;
     const QString explicitFiles = switchValue(line, QStringLiteral("/files:"), &hasFilesSwitch);
     *hasSource = hasFilesSwitch || !folderList.isEmpty();
@@ -42,6 +55,8 @@ QString buildMainCode(const QString& line, bool* hasSource) {
         // A bare name is looked for in the folder of the entry before it.
         if (!mFile::FileExists(entry)) {
             const QString inLastFolder = mFile::AddBackslash(lastFolder) + entry;
+            if (!entry.trimmed().isEmpty() && !mFile::FileExists(inLastFolder))
+                tell(warn, QStringLiteral("photo not found: %1 (/files:)").arg(entry.trimmed()));
             entry = mFile::FileExists(inLastFolder) ? inLastFolder : QString();
         }
         if (!entry.isEmpty()) lastFolder = mFile::GetPathPart(entry, 1);
@@ -49,6 +64,7 @@ QString buildMainCode(const QString& line, bool* hasSource) {
         if (mFile::FileExists(entry))
             code += QStringLiteral("ProcessEffects \"") + entry + QStringLiteral("\"\r\n");
     }
+    if (code.isEmpty()) tell(warn, QStringLiteral("no photo to process"));
     return code;
 }
 

@@ -5,6 +5,7 @@
 #include "platform/mFile.h"
 
 #include <filesystem>
+#include <utility>
 
 namespace mEngineMain {
 
@@ -12,6 +13,10 @@ namespace {
 
 bool has(const QString& line, const QString& text) {
     return line.contains(text, Qt::CaseInsensitive);
+}
+
+void warn(const RunOptions& options, const QString& text) {
+    if (options.warn) options.warn(text);
 }
 
 // One pass of the expansion loops must be allowed to go on.
@@ -32,18 +37,27 @@ bool unreadable(const QString& path, const QString& text) {
 // the loop asks again, and without a guard never ends.
 void expandFileSwitch(QString& line, const QString& switchName, QString (*convert)(const QString&),
                       const RunOptions& options) {
+    bool toldEmpty = false;
     while (has(line, switchName) && mayContinue(options)) {
         const QString path = switchValue(line, switchName);
         const QString whole = switchName + path;
         if (!mFile::FileExists(path)) {
+            warn(options,
+                 QStringLiteral("file not found: %1 (%2)").arg(path.trimmed(), switchName));
             line.replace(whole, QString(), Qt::CaseInsensitive);
             continue;
         }
         const QString text = mFile::ReadFile(path);
-        if (unreadable(path, text))
+        if (unreadable(path, text)) {
+            warn(options, QStringLiteral("cannot read %1 (%2)").arg(path.trimmed(), switchName));
             line.replace(whole, QString(), Qt::CaseInsensitive);
-        else if (!text.isEmpty())
+        } else if (!text.isEmpty()) {
             line.replace(whole, convert ? convert(text) : text, Qt::CaseInsensitive);
+        } else if (!std::exchange(toldEmpty, true)) {
+            warn(options, QStringLiteral("%1 is empty (%2): waiting until it holds text; Ctrl+C "
+                                         "stops")
+                              .arg(path.trimmed(), switchName));
+        }
     }
 }
 
@@ -56,11 +70,24 @@ QString loadTemplate(const QString& line, const RunOptions& options) {
     bool hasScriptFile = false;
     const QString scriptFile = switchValue(line, QStringLiteral("/scriptfile:"), &hasScriptFile);
     QString text;
-    if (hasScriptFile && mFile::FileExists(scriptFile)) text = mFile::ReadFile(scriptFile);
+    if (hasScriptFile) {
+        const bool exists = mFile::FileExists(scriptFile);
+        if (exists) text = mFile::ReadFile(scriptFile);
+        if (text.isEmpty())
+            warn(options,
+                 QStringLiteral("script template %1: %2 (/scriptfile:); using the default")
+                     .arg(exists ? QStringLiteral("is empty") : QStringLiteral("not found"),
+                          scriptFile.trimmed()));
+    }
     if (text.isEmpty()) {
         const QString folder =
             options.programFolder.isEmpty() ? mFile::programFolder() : options.programFolder;
-        text = mFile::ReadFile(mFile::AddBackslash(folder) + QStringLiteral("Data\\template.txt"));
+        const QString path = mFile::AddBackslash(folder) + QStringLiteral("Data\\template.txt");
+        text = mFile::ReadFile(path);
+        if (text.isEmpty())
+            warn(options,
+                 QStringLiteral("script template not found or empty: %1; the run has no code")
+                     .arg(path));
     }
     return text;
 }
@@ -86,7 +113,7 @@ RunPlan prepareBatch(QString line, const RunOptions& options) {
         line += QStringLiteral(" /progress.show");
     if (has(script, kMainCodePlaceholder)) {
         bool hasSource = false;
-        const QString mainCode = buildMainCode(line, &hasSource);
+        const QString mainCode = buildMainCode(line, &hasSource, options.warn);
         if (hasSource) script.replace(kMainCodePlaceholder, mainCode, Qt::CaseInsensitive);
         plan.fileCount = int(mainCode.count(QStringLiteral("\r\n")));
     }

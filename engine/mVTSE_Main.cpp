@@ -51,15 +51,51 @@ bool hasDisplay() {
            qEnvironmentVariable("QT_QPA_PLATFORM") == u"offscreen";
 }
 
+namespace {
+
+// What a run asked of the process, recorded instead of acted on in the middle of the engine.
+struct Requests {
+    std::optional<int> exitStatus;
+    bool windowRequested = false;
+};
+
+void installServices(Requests& requests) {
+    mEngineMain::ScriptHostServices& services = mEngineMain::scriptHostServices();
+#ifdef VANTOREL_HAVE_SCRIPT_ENGINE
+    services.createEngine = &mEngineMain::createVbsScriptEngine;
+#endif
+#ifdef VANTOREL_HAVE_EFFECTS
+    services.createEffects = &mEngineMain::createEffectsObject;
+#endif
+    services.exitProcess = [&requests](int status) { requests.exitStatus = status; };
+    services.showMainWindow = [&requests](const QString&) { requests.windowRequested = true; };
+}
+
+// The main window belongs to the workbench, which this executable does not contain yet.
+int refuseMainWindow(bool batchRan) {
+    const char* why = hasDisplay() ? "this build has no main window"
+                                   : "there is no display (DISPLAY and WAYLAND_DISPLAY are unset)";
+    std::fprintf(stderr, "vantorel: cannot open the main window: %s.\n", why);
+    if (batchRan)
+        std::fputs("vantorel: the batch ran; add /exit to its command line to end after it.\n",
+                   stderr);
+    else
+        std::fputs("vantorel: a batch whose command line ends in /exit needs no window; "
+                   "see vantorel --help.\n",
+                   stderr);
+    return 2;
+}
+
+void printWarning(const QString& text) {
+    std::fprintf(stderr, "vantorel: %s\n", text.toUtf8().constData());
+}
+
+} // namespace
+
 int Main(int argc, char** argv) {
     QCoreApplication::setApplicationName(applicationTitle());
     QCoreApplication::setOrganizationName(QStringLiteral("Kestrane"));
     QCoreApplication::setApplicationVersion(QStringLiteral("3.0.0"));
-    if (argc <= 1) {
-        // Until the main window exists, an empty command line names the program.
-        std::printf("%s %s\n", applicationTitle().toUtf8().constData(), "3.0.0");
-        return 0;
-    }
     const QString line = commandLineFromArguments(argc, argv);
     // No item starts with "-", so the usual options of a command-line tool cannot clash.
     if (argc == 2 && (line == u"--help" || line == u"-h")) {
@@ -72,28 +108,14 @@ int Main(int argc, char** argv) {
     }
     if (line.trimmed().toLower() == u"/exit") return 0;
 
-    // The run reports back here instead of ending the process in the middle of start-up.
-    std::optional<int> exitRequested;
-    bool windowRequested = false;
-    mEngineMain::ScriptHostServices& services = mEngineMain::scriptHostServices();
-#ifdef VANTOREL_HAVE_SCRIPT_ENGINE
-    services.createEngine = &mEngineMain::createVbsScriptEngine;
-#endif
-#ifdef VANTOREL_HAVE_EFFECTS
-    services.createEffects = &mEngineMain::createEffectsObject;
-#endif
-    services.exitProcess = [&](int status) { exitRequested = status; };
-    services.showMainWindow = [&](const QString&) { windowRequested = true; };
-    const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false);
-    if (exitRequested) return *exitRequested;
-    if (windowRequested) {
-        if (!hasDisplay())
-            std::fprintf(stderr, "vantorel: cannot open the main window: there is no display "
-                                 "(a batch whose command line holds /exit needs none)\n");
-        else
-            std::fprintf(stderr, "vantorel: cannot open the main window: this build has none\n");
-        return 2;
-    }
+    Requests requests;
+    installServices(requests);
+    mEngineMain::RunOptions options;
+    options.warn = &printWarning;
+    const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false, options);
+    if (requests.exitStatus) return *requests.exitStatus;
+    if (requests.windowRequested)
+        return refuseMainWindow(outcome.status != mEngineMain::ScriptStatus::NotRun);
     return mEngineMain::exitStatus(outcome.status);
 }
 

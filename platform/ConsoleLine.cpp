@@ -1,6 +1,8 @@
 // The transient status line on stderr.
 #include "platform/ConsoleLine.h"
 
+#include "platform/Interrupt.h"
+
 #include <cstdio>
 #include <unistd.h>
 
@@ -21,6 +23,7 @@ void show(const QString& text) {
     std::fprintf(stderr, "\r%s\x1b[K", text.toUtf8().constData());
     std::fflush(stderr);
     g_open = true;
+    Interrupt::setStatusLineOpen(true);
 }
 
 void finish() {
@@ -28,6 +31,7 @@ void finish() {
     std::fputs("\n", stderr);
     std::fflush(stderr);
     g_open = false;
+    Interrupt::setStatusLineOpen(false);
 }
 
 } // namespace ConsoleLine
