@@ -196,15 +196,26 @@ void ImagingControl::setFileName(const std::string& name) {
         if (trimmed != name && !std::filesystem::exists(diskPath(name), ec) &&
             std::filesystem::exists(diskPath(trimmed), ec))
             path = trimmed;
-        LoadResult loaded = loadImage(path, page);
+        m_undo.clear();
+        m_planes.clear();
+        LoadResult loaded;
+        try {
+            loaded = loadImage(path, page);
+        } catch (...) {
+            // A photo that failed to load leaves no image behind: a script going on past the
+            // error must not save the previous photo under a name meant for this one.
+            m_image = VImage();
+            m_hasImage = false;
+            m_fileName.clear();
+            m_source = SourceInfo();
+            throw;
+        }
         m_fileName = path;
         m_image = loaded.image;
         m_hasImage = true;
         m_source = loaded.source;
         m_bitsPerPixel = loaded.bitsPerPixel;
         m_greyPalette = false;
-        m_undo.clear();
-        m_planes.clear();
     });
 }
 

@@ -39,6 +39,14 @@ TEST(FxBadInput, BrokenAndMislabelledFiles) {
     EXPECT_EQ(loadError(d, dir.str("missing.jpg")), 20001);
     EXPECT_EQ(d.get(u"ImagError").toLong(), 20001);
 
+    // After a failed load no earlier photo is left to be saved under the new name.
+    gradient(30, 20).pngsave(dir.str("good.png").c_str());
+    d.load(dir.str("good.png"));
+    EXPECT_EQ(loadError(d, dir.str("cut.jpg")), 20003);
+    EXPECT_EQ(d.width(), 0);
+    EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("out.png")); }), 20009);
+    EXPECT_FALSE(std::filesystem::exists(dir.path("out.png")));
+
     // A photo with the wrong extension is recognised by its content.
     gradient(30, 20).pngsave(dir.str("really-png.jpg").c_str());
     EXPECT_EQ(loadError(d, dir.str("really-png.jpg")), 0);

@@ -97,6 +97,7 @@ TEST(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
     writeFile(dir.str("old.ljp"), "not a lossless JPEG either");
     EXPECT_EQ(d.errorOf([&] { d.load(dir.str("old.ljp")); }), 20007);
     EXPECT_NE(d.lastDescription.find("lossless JPEG"), std::string::npos);
+    loadSmallPhoto(d); // a failed load leaves no image
     EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("x.unknownext")); }), 20002);
     EXPECT_EQ(dir.entries().size(), 3u); // the three old files; nothing written
 }
