@@ -294,7 +294,7 @@ std::vector<FxMemberInfo> drawingMembers() {
           ranged("y", "integer", 0, 32767, "top", "0"),
           ranged("width", "integer", 0, 32767, "width; 0 reaches the right edge", "0"),
           ranged("height", "integer", 0, 32767, "height; 0 reaches the bottom edge", "0")},
-         "While enabled, effects change only the pixels inside the rectangle."},
+         "While enabled, effects (not drawing) change only the pixels inside the rectangle."},
         {"Merge",
          "Area and merge",
          {plain("enabled", "boolean", "True merges the clipboard image now"),
