@@ -61,6 +61,7 @@ struct Frame {
     Value* vars = nullptr;
     Value** refs = nullptr;
     ClassInstance* me = nullptr;
+    const Expr* node = nullptr; // the operation being run, for the error location
     bool resumeNext = false;
     int chunk = 0;
 };
@@ -132,7 +133,19 @@ private:
     void execAssign(const AssignStmt* s);
     void execMidAssign(const AssignStmt* s);
     bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
-    Value* plainArray(const Expr* e);
+    // The array held by a plain local or global variable, or nullptr.
+    Value* plainArray(const Expr* e)
+    {
+        if (e->kind == ExprKind::Local) {
+            Value* v = &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+            return v->isArray() ? v : nullptr;
+        }
+        if (e->kind == ExprKind::Global) {
+            GlobalSlot& g = global(static_cast<const NameExpr*>(e)->slot);
+            return g.kind == GlobalSlot::Kind::Variable && g.value.isArray() ? &g.value : nullptr;
+        }
+        return nullptr;
+    }
     void execDim(const DimStmt* s);
     void execErase(const EraseStmt* s);
     void locate(ScriptError& e, int line, int column);
@@ -157,7 +170,7 @@ private:
 
     struct ArgList;
     Value* elementArg(const CallExpr* c, ArgList& out);
-    void evalArgs(const std::vector<ExprPtr>& args, const Procedure* callee, ArgList& out);
+    void evalArgs(const std::vector<ExprPtr>& args, const Expr* owner, ArgList& out);
 
     ScriptControl& m_control;
     Host* m_host;

@@ -89,10 +89,18 @@ Value Engine::eval(const Expr* e)
         return evalMember(static_cast<const MemberExpr*>(e), {}, false);
     case ExprKind::New:
         return evalNew(static_cast<const NewExpr*>(e));
-    case ExprKind::Neg:
-        return ops::neg(eval(static_cast<const UnaryExpr*>(e)->operand.get()));
-    case ExprKind::Not:
-        return ops::logicNot(eval(static_cast<const UnaryExpr*>(e)->operand.get()));
+    case ExprKind::Neg: {
+        Value v = eval(static_cast<const UnaryExpr*>(e)->operand.get());
+        m_frame->node = e;
+        return ops::neg(v);
+    }
+    case ExprKind::Not: {
+        Value v = eval(static_cast<const UnaryExpr*>(e)->operand.get());
+        if (v.type() == VarType::Boolean)
+            return Value(!v.rawBool());
+        m_frame->node = e;
+        return ops::logicNot(v);
+    }
     case ExprKind::Name:
         raise(ErrorCode::InternalError);
     default:
@@ -104,6 +112,7 @@ Value Engine::evalBinary(const BinaryExpr* e)
 {
     const Value l = eval(e->left.get());
     const Value r = eval(e->right.get());
+    m_frame->node = e;
     const VarType lt = l.type(), rt = r.type();
     if (isInt(lt) && isInt(rt)) {
         const int64_t x = rawInt(l), y = rawInt(r);
@@ -294,6 +303,7 @@ void Engine::runTerminate(ClassInstance* instance) noexcept
 Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool statement)
 {
     const Value obj = eval(e->object.get());
+    m_frame->node = e;
     if (!obj.isObject())
         raiseNamed(ErrorCode::ObjectRequired, nameOf(e->object.get()));
     if (!obj.object())
@@ -307,6 +317,7 @@ Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool state
         else
             id = d->memberId(e->name);
     }
+    m_frame->node = e;
     if (id < 0)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
     return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);

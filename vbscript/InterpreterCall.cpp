@@ -64,7 +64,7 @@ struct Engine::ArgList {
 
 // Variables are passed by reference (a ByVal parameter copies on entry); anything else, and
 // a variable in parentheses, as a temporary.
-void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgList& out)
+void Engine::evalArgs(const std::vector<ExprPtr>& args, const Expr* owner, ArgList& out)
 {
     out.reserve(args.size());
     for (size_t i = 0; i < args.size(); ++i) {
@@ -87,6 +87,7 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Procedure*, ArgLis
         }
         out.setTemp(i, eval(a));
     }
+    m_frame->node = owner;
 }
 
 // An array item given as an argument is passed by reference, as a variable is.
@@ -99,7 +100,7 @@ Value* Engine::elementArg(const CallExpr* c, ArgList& out)
         if (!a)
             return nullptr;
     ArgList indices;
-    evalArgs(c->args, nullptr, indices);
+    evalArgs(c->args, c, indices);
     var = plainArray(c->target.get());
     if (!var)
         raise(ErrorCode::TypeMismatch);
@@ -116,7 +117,9 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
     if (c->args.size() == 1 && c->args[0]) {
         // a(i) on a one-dimensional array in a plain variable.
         if (const Value* arr = plainArray(t); arr && arr->array()->counts.size() == 1) {
-            const Value iv = eval(c->args[0].get());
+            const Expr* ie = c->args[0].get();
+            const Value iv = ie->kind == ExprKind::Local ? m_frame->vars[static_cast<const NameExpr*>(ie)->slot]
+                                                         : eval(ie);
             const int32_t i = iv.type() == VarType::Integer ? iv.rawInteger()
                 : iv.type() == VarType::Long ? iv.rawLong() : iv.toLong();
             arr = plainArray(t);
@@ -135,23 +138,23 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
         GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
         if (g.kind != GlobalSlot::Kind::Undeclared)
             return callGlobal(g, c, statement);
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return indexValue(m_frame->vars[static_cast<const NameExpr*>(t)->localSlot], args.span(), statement);
     }
     case ExprKind::MeMember:
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return callMeMember(static_cast<const NameExpr*>(t)->slot, args.span(), statement);
     case ExprKind::Member:
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return evalMember(static_cast<const MemberExpr*>(t), args.span(), statement);
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: {
         Value* v = variableRef(t, RefMode::Arg);
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return indexValue(*v, args.span(), statement);
     }
     default: {
         const Value v = eval(t);
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return indexValue(v, args.span(), statement);
     }
     }
@@ -165,14 +168,14 @@ Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
     case Kind::Procedure: {
         Procedure* proc = g.proc;
         std::shared_ptr<Program> keep = g.program; // ExecuteGlobal may replace it while it runs
-        evalArgs(c->args, proc, args);
+        evalArgs(c->args, c, args);
         return callProcedure(proc, nullptr, args.span());
     }
     case Kind::Builtin:
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return callBuiltin(g.builtin, args.span());
     case Kind::Variable: case Kind::Const: case Kind::Object: {
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         return indexValue(g.value, args.span(), statement);
     }
     case Kind::Undeclared:
@@ -320,6 +323,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         return;
     case ExprKind::MeMember: {
         Value* args[] = {&value};
+        m_frame->node = target;
         m_frame->me->invoke(static_cast<const NameExpr*>(target)->slot, kind, args);
         return;
     }
@@ -331,6 +335,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         if (id < 0)
             raiseNamed(ErrorCode::NoSuchMember, m->name);
         Value* args[] = {&value};
+        m_frame->node = target;
         d->invoke(id, kind, args);
         return;
     }
@@ -344,7 +349,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
     const Expr* t = c->target.get();
     ArgList args;
     if (Value* var = variableRef(t, RefMode::Arg)) {
-        evalArgs(c->args, nullptr, args);
+        evalArgs(c->args, c, args);
         if (var->isArray()) {
             *elementRef(*var, args.span()) = std::move(value);
             return;
@@ -360,7 +365,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         d->invoke(id, kind, all);
         return;
     }
-    evalArgs(c->args, nullptr, args);
+    evalArgs(c->args, c, args);
     std::vector<Value*> all(args.span().begin(), args.span().end());
     all.push_back(&value);
     if (t->kind == ExprKind::MeMember) {

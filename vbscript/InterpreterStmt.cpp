@@ -24,13 +24,20 @@ Flow Engine::execBlock(const Block& block)
 {
     for (const auto& sp : block) {
         const Stmt* s = sp.get();
+        m_frame->node = nullptr;
         try {
             const Flow f = exec(s);
             if (f != Flow::Normal)
                 return f;
         } catch (ScriptError& e) {
-            if (!e.located())
-                locate(e, s->line, s->column);
+            if (!e.located()) {
+                // The operation that failed when it is known, else the statement.
+                const Expr* n = m_frame->node;
+                if (n && n->line >= s->line)
+                    locate(e, n->line, n->column);
+                else
+                    locate(e, s->line, s->column);
+            }
             if (!m_frame->resumeNext)
                 throw;
             noteError(e);
@@ -151,6 +158,10 @@ bool Engine::ifCondition(const Expr* e)
 
 void Engine::execAssign(const AssignStmt* s)
 {
+    const Expr* t = s->target.get();
+    if (t->kind == ExprKind::Call && !s->isSet && !s->isMid
+        && assignElementFast(static_cast<const CallExpr*>(t), s->value.get()))
+        return;
     if (s->isMid) {
         execMidAssign(s);
         return;
@@ -174,9 +185,6 @@ void Engine::execAssign(const AssignStmt* s)
         }
         return;
     }
-    const Expr* t = s->target.get();
-    if (!s->isSet && t->kind == ExprKind::Call && assignElementFast(static_cast<const CallExpr*>(t), s->value.get()))
-        return;
     if (!s->isSet && (t->kind == ExprKind::Local || t->kind == ExprKind::Global)) {
         // Plain variables take the short way unless the value is an object (default member).
         Value v = eval(s->value.get());
@@ -210,19 +218,6 @@ int32_t indexOf(const Value& v)
 
 } // namespace
 
-Value* Engine::plainArray(const Expr* e)
-{
-    if (e->kind == ExprKind::Local) {
-        Value* v = &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
-        return v->isArray() ? v : nullptr;
-    }
-    if (e->kind == ExprKind::Global) {
-        GlobalSlot& g = global(static_cast<const NameExpr*>(e)->slot);
-        return g.kind == GlobalSlot::Kind::Variable && g.value.isArray() ? &g.value : nullptr;
-    }
-    return nullptr;
-}
-
 // a(i) = v for a one-dimensional array in a plain variable; false when another path is needed.
 bool Engine::assignElementFast(const CallExpr* c, const Expr* valueExpr)
 {
@@ -231,8 +226,11 @@ bool Engine::assignElementFast(const CallExpr* c, const Expr* valueExpr)
     Value* var = plainArray(c->target.get());
     if (!var || var->array()->counts.size() != 1)
         return false;
-    const int32_t i = indexOf(eval(c->args[0].get()));
-    Value v = eval(valueExpr);
+    const Expr* ie = c->args[0].get();
+    const int32_t i = ie->kind == ExprKind::Local ? indexOf(m_frame->vars[static_cast<const NameExpr*>(ie)->slot])
+                                                  : indexOf(eval(ie));
+    Value v = valueExpr->kind == ExprKind::Literal ? static_cast<const LiteralExpr*>(valueExpr)->value
+                                                   : eval(valueExpr);
     if (v.isObject())
         v = v.defaultValue();
     var = plainArray(c->target.get()); // evaluating may have changed the variable
@@ -266,8 +264,13 @@ Flow Engine::execFor(const ForStmt* s)
             || step.type() == VarType::Long;
         int64_t i = from.toLong();
         const int64_t end = to.toLong(), inc = step.toLong();
+        // The counter's storage does not move during the loop, except for an undeclared name
+        // that a new global may take over.
+        const bool fixedVar = s->var->kind != ExprKind::Implicit;
+        Value* var = variableRef(s->var.get(), RefMode::Write);
         auto store = [&](int64_t v) {
-            Value* var = variableRef(s->var.get(), RefMode::Write);
+            if (!fixedVar)
+                var = variableRef(s->var.get(), RefMode::Write);
             if (!useLong && v >= -32768 && v <= 32767)
                 *var = Value(int16_t(v));
             else
@@ -280,7 +283,8 @@ Flow Engine::execFor(const ForStmt* s)
                 break;
             if (f != Flow::Normal)
                 return f;
-            const Value* var = variableRef(s->var.get(), RefMode::Write);
+            if (!fixedVar)
+                var = variableRef(s->var.get(), RefMode::Write);
             const VarType vt = var->type();
             i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
             if (i > INT32_MAX || i < INT32_MIN)

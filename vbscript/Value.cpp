@@ -50,14 +50,12 @@ void Value::releaseArray() noexcept
         delete m_u.a;
 }
 
-ArrayRep* ValueAccess::unshareArray(Value& v)
+ArrayRep* ValueAccess::copyArray(Value& v)
 {
     ArrayRep*& a = v.m_u.a;
-    if (a->refs > 1) {
-        auto* copy = new ArrayRep{1, a->fixed, 0, a->plain, a->counts, a->items};
-        --a->refs;
-        a = copy;
-    }
+    auto* copy = new ArrayRep{1, a->fixed, 0, a->plain, a->counts, a->items};
+    --a->refs;
+    a = copy;
     return a;
 }
 

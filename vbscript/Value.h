@@ -152,6 +152,16 @@ public:
     int64_t toCurrency() const;   // scaled by 10000
     double toDate() const;        // OLE date
     String toString() const;
+    // The text of the value without copying a String: a view of str() for strings, otherwise
+    // the CStr text placed in scratch. Use it for read-only text (Len, Mid, InStr, ...), since
+    // toString() copies the whole string.
+    std::u16string_view textView(String& scratch) const
+    {
+        if (m_type == VarType::String)
+            return m_u.s->text;
+        scratch = toString();
+        return scratch;
+    }
     Object* toObject() const;     // 424 Object required when not an object
     Dispatch* toDispatch() const; // 424 when not an object, 91 for Nothing
     // An object's default property value (or the value itself when not an object).
@@ -216,7 +226,11 @@ public:
     // Appends text to a String value, in place when the value holds the only reference.
     static void appendString(Value& v, std::u16string_view text);
     // Unshares the array of v without touching its `plain` flag.
-    static ArrayRep* unshareArray(Value& v);
+    static ArrayRep* unshareArray(Value& v)
+    {
+        return v.m_u.a->refs == 1 ? v.m_u.a : copyArray(v);
+    }
+    static ArrayRep* copyArray(Value& v);
     // Stores into an item of a plain array: the old item holds nothing to release.
     static void overwritePlain(Value& item, Value&& v) noexcept
     {

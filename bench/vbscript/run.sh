@@ -1,20 +1,27 @@
 #!/bin/sh
-# Runs the same loops in vbsrun and in python3 (best of three runs each) and prints the time
-# ratio vbsrun / python3; below 1 means vbsrun is faster.
+# Runs the same loops in vbsrun and in python3 (best of three runs each) and prints the ratio of
+# CPU time (user + system, so that other load on the machine matters less) vbsrun / python3;
+# below 1 means vbsrun is faster.
 # Usage: bench/vbscript/run.sh [path/to/vbsrun]   (build RelWithDebInfo first)
 set -e
 here=$(cd "$(dirname "$0")" && pwd)
 vbsrun=${1:-$here/../../build/bin/vbsrun}
 runs=${RUNS:-3}
 [ -x "$vbsrun" ] || { echo "vbsrun not found: $vbsrun" >&2; exit 2; }
-now() { date +%s.%N; }
-# best TOOL FILE: the shortest wall time of $runs runs, in seconds.
+# cpu TOOL FILE: CPU seconds of one run.
+cpu() {
+    python3 -c 'import resource, subprocess, sys
+subprocess.run(sys.argv[1:], stdout=subprocess.DEVNULL, check=True)
+r = resource.getrusage(resource.RUSAGE_CHILDREN)
+print(r.ru_utime + r.ru_stime)' "$1" "$2"
+}
+# best TOOL FILE: the smallest CPU time of $runs runs, in seconds.
 best() {
     b=""
     i=0
     while [ $i -lt "$runs" ]; do
-        t0=$(now); "$1" "$2" > /dev/null; t1=$(now)
-        b=$(awk -v a="$t0" -v c="$t1" -v b="$b" 'BEGIN { t = c - a; if (b == "" || t < b) b = t; print b }')
+        t=$(cpu "$1" "$2")
+        b=$(awk -v t="$t" -v b="$b" 'BEGIN { if (b == "" || t < b) b = t; print b }')
         i=$((i + 1))
     done
     echo "$b"
