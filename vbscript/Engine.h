@@ -154,6 +154,15 @@ private:
     // Expressions.
     Value eval(const Expr* e);
     Value evalBinary(const BinaryExpr* e);
+    // A local variable or a literal, read in place; nullptr for anything else.
+    const Value* leafValue(const Expr* e) const
+    {
+        if (e->kind == ExprKind::Local)
+            return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+        if (e->kind == ExprKind::Literal)
+            return &static_cast<const LiteralExpr*>(e)->value;
+        return nullptr;
+    }
     bool evalCondition(const Expr* e);
     bool ifCondition(const Expr* e);
     Value evalName(const NameExpr* e);

@@ -110,8 +110,28 @@ Value Engine::eval(const Expr* e)
 
 Value Engine::evalBinary(const BinaryExpr* e)
 {
-    const Value l = eval(e->left.get());
-    const Value r = eval(e->right.get());
+    // Locals and literals are read in place; anything else is evaluated into a temporary.
+    // A right side that is not a leaf could change a local read on the left, so the left side
+    // is then copied first.
+    const Expr* le = e->left.get();
+    const Expr* re = e->right.get();
+    Value lTemp, rTemp;
+    const Value* lp;
+    const Value* rp = leafValue(re);
+    if (rp) {
+        lp = leafValue(le);
+        if (!lp) {
+            lTemp = eval(le);
+            lp = &lTemp;
+        }
+    } else {
+        lTemp = eval(le);
+        lp = &lTemp;
+        rTemp = eval(re);
+        rp = &rTemp;
+    }
+    const Value& l = *lp;
+    const Value& r = *rp;
     m_frame->node = e;
     const VarType lt = l.type(), rt = r.type();
     if (isInt(lt) && isInt(rt)) {
