@@ -154,11 +154,13 @@ private:
     // Expressions.
     Value eval(const Expr* e);
     Value evalBinary(const BinaryExpr* e);
-    // A local variable or a literal, read in place; nullptr for anything else.
+    // A local variable, parameter or literal, read in place; nullptr for anything else.
     const Value* leafValue(const Expr* e) const
     {
         if (e->kind == ExprKind::Local)
             return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+        if (e->kind == ExprKind::RefParam)
+            return m_frame->refs[static_cast<const NameExpr*>(e)->slot];
         if (e->kind == ExprKind::Literal)
             return &static_cast<const LiteralExpr*>(e)->value;
         return nullptr;
