@@ -89,11 +89,25 @@ void Engine::registerConstant(std::u16string_view name, Value value)
     g.value = std::move(value);
 }
 
-void Engine::addObject(const String& name, Ref<Dispatch> object)
+void Engine::addObject(const String& name, Ref<Dispatch> object, bool addMembers)
 {
+    if (addMembers)
+        m_memberObjects.push_back(object);
     GlobalSlot& g = global(globalSlot(name));
     g.kind = GlobalSlot::Kind::Object;
     g.value = Value(object);
+}
+
+bool Engine::globalMember(const String& name, InvokeKind kind, std::span<Value*> args, Value& out)
+{
+    for (const auto& object : m_memberObjects) {
+        const int id = object->memberId(name);
+        if (id >= 0) {
+            out = object->invoke(id, kind, args);
+            return true;
+        }
+    }
+    return false;
 }
 
 void Engine::reset()
@@ -103,6 +117,7 @@ void Engine::reset()
     m_globalIndex.clear();
     m_programs.clear();
     m_chunkSources.clear();
+    m_memberObjects.clear();
     m_err->clear();
     const auto builtins = std::move(m_builtins);
     for (const BuiltinDef* b : builtins)

@@ -79,7 +79,9 @@ public:
     GlobalSlot& global(int i) { return m_globals[size_t(i)]; }
     void registerBuiltin(const BuiltinDef& def);
     void registerConstant(std::u16string_view name, Value value);
-    void addObject(const String& name, Ref<Dispatch> object);
+    void addObject(const String& name, Ref<Dispatch> object, bool addMembers = false);
+    // A name no script declares may be a member of an object added with addMembers.
+    bool globalMember(const String& name, InvokeKind kind, std::span<Value*> args, Value& out);
     void reset();
 
     // Entry points used by ScriptControl; they throw located ScriptErrors.
@@ -191,6 +193,7 @@ private:
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset
     std::vector<std::pair<String, Value>> m_constants;
+    std::vector<Ref<Dispatch>> m_memberObjects;
     std::vector<std::shared_ptr<Program>> m_programs;
     std::vector<String> m_chunkSources;
     std::shared_ptr<Program> m_runningProgram;

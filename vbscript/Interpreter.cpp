@@ -230,12 +230,16 @@ Value Engine::evalName(const NameExpr* e)
     switch (g.kind) {
     case Kind::Variable: case Kind::Const: case Kind::Object:
         return g.value;
-    case Kind::Undeclared:
+    case Kind::Undeclared: {
+        Value member;
+        if (!m_memberObjects.empty() && globalMember(e->name, InvokeKind::PropertyGet, {}, member))
+            return member;
         if (e->kind == ExprKind::Implicit)
             return m_frame->vars[e->localSlot];
         if (m_frame->proc && m_frame->proc->optionExplicit)
             raiseNamed(ErrorCode::VariableUndefined, e->name);
         return {};
+    }
     case Kind::Procedure:
         return callProcedure(g.proc, nullptr, {});
     case Kind::Builtin:

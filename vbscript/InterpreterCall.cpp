@@ -136,7 +136,7 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
         return callGlobal(global(static_cast<const NameExpr*>(t)->slot), c, statement);
     case ExprKind::Implicit: {
         GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
-        if (g.kind != GlobalSlot::Kind::Undeclared)
+        if (g.kind != GlobalSlot::Kind::Undeclared || (!m_memberObjects.empty() && c->args.size() + statement > 0))
             return callGlobal(g, c, statement);
         evalArgs(c->args, c, args);
         return indexValue(m_frame->vars[static_cast<const NameExpr*>(t)->localSlot], args.span(), statement);
@@ -178,12 +178,19 @@ Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
         evalArgs(c->args, c, args);
         return indexValue(g.value, args.span(), statement);
     }
-    case Kind::Undeclared:
+    case Kind::Undeclared: {
+        if (!m_memberObjects.empty()) {
+            evalArgs(c->args, c, args);
+            Value member;
+            if (globalMember(g.name, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args.span(), member))
+                return member;
+        }
         if (m_frame->proc && m_frame->proc->optionExplicit)
             raiseNamed(ErrorCode::VariableUndefined, g.name);
         if (c->args.empty() && !statement)
             return {};
         raiseNamed(ErrorCode::TypeMismatch, g.name);
+    }
     default:
         raiseNamed(ErrorCode::TypeMismatch, g.name);
     }

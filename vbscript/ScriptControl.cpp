@@ -46,9 +46,9 @@ const String& ScriptControl::language() const
     return m_language;
 }
 
-void ScriptControl::addObject(const String& name, Ref<Dispatch> object, bool)
+void ScriptControl::addObject(const String& name, Ref<Dispatch> object, bool addMembers)
 {
-    m_engine->addObject(name, std::move(object));
+    m_engine->addObject(name, std::move(object), addMembers);
 }
 
 template <class Fn>

@@ -76,6 +76,18 @@ TEST(ScriptControl, HostObjectMembersAndByRef)
     EXPECT_EQ(r.toString(), u"42/49");
 }
 
+TEST(ScriptControl, AddMembersMakesMembersGlobal)
+{
+    ScriptControl sc;
+    auto probe = makeRef<Probe>();
+    sc.addObject(u"fx", probe, true);
+    probe->level = 4;
+    Value r;
+    ASSERT_TRUE(sc.addCode(u"Dim v : v = 5 : Double v\nFunction Get() : Get = Level + v : End Function"));
+    ASSERT_TRUE(sc.run(u"Get", {}, &r));
+    EXPECT_EQ(r.toLong(), 14);
+}
+
 TEST(ScriptControl, RunReportsErrorLocation)
 {
     ScriptControl sc;
