@@ -1,0 +1,121 @@
+// Bad input through the executable: script errors, broken photos, missing folders and files.
+#include "E2eFixture.h"
+
+namespace {
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+} // namespace
+
+class BadInputTest : public E2eTest {
+protected:
+    void SetUp() override {
+        E2eTest::SetUp();
+        copySample("wine.jpg", "in/a.jpg");
+        copySample("umang.jpg", "in/c.jpg");
+    }
+};
+
+TEST_F(BadInputTest, SyntaxErrorInARealRunShowsTheReportAndRunsNothing) {
+    const ProcessResult r = run({"/files:" + path("in\\a.jpg"), "/fx.SaveFileNameAddPrefix \"o_\"",
+                                 "/cmd:If Then", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
+    EXPECT_TRUE(contains(r.err, "Script Runtime Error\nError in Code...Syntax error\n"
+                                "1002: Syntax error at line "))
+        << r.err;
+    EXPECT_TRUE(contains(r.err, "\n\nScript Preview: \n")) << r.err;
+    EXPECT_TRUE(contains(r.err, ":  If Then   'ERROR: 1002: Syntax error\n")) << r.err;
+    EXPECT_FALSE(exists("in/o_a.jpg"));
+}
+
+TEST_F(BadInputTest, RuntimeErrorReportsTheFailingLineWithItsNeighbours) {
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"), "/fx.NoSuchMember 1", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
+    EXPECT_TRUE(contains(r.err, "Script Runtime Error\n")) << r.err;
+    // The excerpt numbers lines with three digits and marks the failing one.
+    EXPECT_TRUE(contains(r.err, "fx.filename = path\nLine 0")) << r.err;
+    EXPECT_TRUE(contains(r.err, ":  fx.NoSuchMember 1   'ERROR: 438: Object doesn't support this "
+                                "property or method: 'NoSuchMember'\n"))
+        << r.err;
+}
+
+TEST_F(BadInputTest, AFailingPhotoStopsTheBatchThere) {
+    // The middle photo ends halfway through its data; the last one is never reached.
+    write("in/b.jpg", read("in/a.jpg").left(3000));
+    const ProcessResult r = run({"/files:" + path("in\\a.jpg") + ";b.jpg;c.jpg",
+                                 "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
+    EXPECT_TRUE(contains(r.err, "20003: Image file is damaged or truncated: " + path("in\\b.jpg")))
+        << r.err;
+    EXPECT_TRUE(sizeOf("in/o_a.jpg"));
+    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "b.jpg", "c.jpg", "o_a.jpg"}));
+}
+
+TEST_F(BadInputTest, APhotoThatDoesNotDecodeIsNamedAndLeftAlone) {
+    write("in/text.jpg", "this is no photo\n");
+    const ProcessResult r =
+        run({"/files:" + path("in\\text.jpg"), "/fx.Blur", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
+    EXPECT_TRUE(contains(r.err, "Not a supported image file: " + path("in\\text.jpg"))) << r.err;
+    EXPECT_EQ(read("in/text.jpg"), QByteArray("this is no photo\n"));
+}
+
+TEST_F(BadInputTest, AMissingFolderIsNamedAndTheOtherSourcesStillRun) {
+    const ProcessResult r = run({"/folder:" + path("gone") + ";" + path("in"),
+                                 "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.err, "vantorel: folder not found: " + path("gone") + " (/folder:)\n"))
+        << r.err;
+    EXPECT_TRUE(sizeOf("in/o_a.jpg"));
+    EXPECT_TRUE(sizeOf("in/o_c.jpg"));
+}
+
+TEST_F(BadInputTest, OnlyAMissingFolderRunsNoPhotoAndSaysSo) {
+    const ProcessResult r = run({"/folder:" + path("gone"), "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.err, "folder not found: " + path("gone"))) << r.err;
+    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "c.jpg"}));
+}
+
+TEST_F(BadInputTest, MissingSwitchFilesAreNamedAndTheRunGoesOn) {
+    const ProcessResult r =
+        run({"/scriptfile:" + path("none.txt"), "/loadcmdscript:" + path("none.cmd"),
+             "/loadvt3script:" + path("none.vt3"), "/files:" + path("in\\a.jpg"),
+             "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.err, "script template not found: " + path("none.txt") +
+                                    " (/scriptfile:); using the default"))
+        << r.err;
+    EXPECT_TRUE(contains(r.err, "file not found: " + path("none.cmd") + " (/loadcmdscript:)"))
+        << r.err;
+    EXPECT_TRUE(contains(r.err, "file not found: " + path("none.vt3") + " (/loadvt3script:)"))
+        << r.err;
+    EXPECT_TRUE(sizeOf("in/o_a.jpg")); // the default template ran the batch
+}
+
+TEST_F(BadInputTest, SavingIntoAMissingFolderFailsWithoutLeavingAFile) {
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"),
+             "/fx.SaveFileName = \"" + path("nowhere\\a.jpg") + "\" ", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
+    EXPECT_TRUE(
+        contains(r.err, "Cannot write the file: folder not found: " + path("nowhere\\a.jpg")))
+        << r.err;
+    EXPECT_FALSE(exists("nowhere"));
+    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "c.jpg"}));
+}
+
+TEST_F(BadInputTest, SavingOverTheSourceReplacesItWhole) {
+    // The default save name is the photo itself: the result must be a complete new JPEG.
+    const QByteArray before = read("in/a.jpg");
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"), "/fx.ResizePercent 50", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    const auto after = sizeOf("in/a.jpg");
+    ASSERT_TRUE(after);
+    EXPECT_NEAR(after->first, jpegSize(before)->first / 2.0, 1.0);
+    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "c.jpg"}));
+}

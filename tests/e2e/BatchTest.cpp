@@ -1,0 +1,164 @@
+// Whole batches through the executable: file sources, spliced command lines and scripts, templates.
+#include "E2eFixture.h"
+
+namespace {
+
+std::string q(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
+} // namespace
+
+TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
+    copyExample("in/example.jpg");
+    for (const QString& name : sampleNames())
+        copySample(name, "in/" + name);
+    const QStringList originals = entries("in");
+    ASSERT_EQ(originals.size(), sampleNames().size() + 1);
+    QList<QByteArray> before;
+    for (const QString& name : originals)
+        before.append(read("in/" + name));
+
+    const ProcessResult r = run({"/folder:" + path("in"), "/fx.ResizeAspect 200, 200, False",
+                                 "/fx.SaveFileNameAddPrefix " + q("t_"), "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    // A silent batch says nothing: no progress line without a terminal, no warnings.
+    EXPECT_EQ(r.err, "") << describe(r);
+    EXPECT_EQ(entries("in").size(), 2 * originals.size()) << entries("in").join(' ').toStdString();
+    for (qsizetype i = 0; i < originals.size(); ++i) {
+        SCOPED_TRACE(originals[i].toStdString());
+        EXPECT_EQ(read("in/" + originals[i]), before[i]);
+        const auto original = sizeOf("in/" + originals[i]);
+        const auto small = sizeOf("in/t_" + originals[i]);
+        ASSERT_TRUE(original && small);
+        EXPECT_EQ(std::max(small->first, small->second), 200);
+        // The proportions survive (to the rounding of the smaller side).
+        EXPECT_NEAR(double(small->first) / small->second,
+                    double(original->first) / original->second, 0.02);
+    }
+}
+
+TEST_F(E2eTest, BareNamesInAFileListComeFromTheFolderOfTheEntryBefore) {
+    copySample("wine.jpg", "in/a.jpg");
+    copySample("umang.jpg", "in/b.jpg");
+    copySample("friends.jpg", "other/c.jpg");
+    copySample("picture-1a.jpg", "other/b.jpg");
+    // in\a, then b from in\, then other\c, then b from other\; empty and missing entries drop out.
+    const std::string files =
+        path("in\\a.jpg") + ";b.jpg;;" + path("other\\c.jpg") + ";b.jpg;nothere.jpg";
+    const ProcessResult r = run({"/files:" + files, "/cmd:MsgBox fx.filename",
+                                 "/fx.SaveFileNameAddPrefix " + q("p_"), "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    for (const char* name : {"in/p_a.jpg", "in/p_b.jpg", "other/p_c.jpg", "other/p_b.jpg"})
+        EXPECT_TRUE(sizeOf(name)) << name << "\n" << describe(r);
+    EXPECT_FALSE(exists("other/p_a.jpg"));
+    // MsgBox on a console: the title on one line, the text below it; the files in list order.
+    const std::string title = "VBScript\n"; // MsgBox's own title when the script gives none
+    const size_t first = r.err.find(title + path("in\\a.jpg") + "\n");
+    const size_t second = r.err.find(title + path("in\\b.jpg") + "\n");
+    const size_t third = r.err.find(title + path("other\\c.jpg") + "\n");
+    const size_t fourth = r.err.find(title + path("other\\b.jpg") + "\n");
+    ASSERT_NE(fourth, std::string::npos) << describe(r);
+    EXPECT_TRUE(first < second && second < third && third < fourth) << describe(r);
+    EXPECT_NE(r.err.find("photo not found: nothere.jpg (/files:)"), std::string::npos)
+        << describe(r);
+}
+
+TEST_F(E2eTest, StoredCommandLinesAreSplicedInAndMayNest) {
+    copySample("wine.jpg", "in/a.jpg");
+    write("jobs/name.txt", "/fx.SaveFileNameAddPrefix \"half_\"\r\n");
+    // The nested switch's path runs to the next "/", so it must not end at a line break.
+    write("jobs/job.txt", QByteArray("/loadcmdscript:") +
+                              QByteArray::fromStdString(path("jobs\\name.txt")) +
+                              " /fx.ResizePercent 50\r\n");
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"), "/loadcmdscript:" + path("jobs\\job.txt"),
+             "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_EQ(r.err, "");
+    const auto original = sizeOf("in/a.jpg");
+    const auto half = sizeOf("in/half_a.jpg");
+    ASSERT_TRUE(original && half) << describe(r);
+    EXPECT_NEAR(half->first, original->first / 2.0, 1.0);
+}
+
+TEST_F(E2eTest, ScriptFilesAreSplicedInTheirCommandLineForm) {
+    copySample("friends.jpg", "in/a.jpg");
+    // Script lines; a line starting with "//" is a comment of the command-line form.
+    write("job.vt3", "fx.ResizePercent 25\r\n\r\n// not a statement\r\n"
+                     "fx.SaveFileNameAddPrefix \"q_\"\r\nfx.savefile\r\n");
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"), "/loadvt3script:" + path("job.vt3"), "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    // The spliced script holds fx.savefile, so no question about a missing save is asked.
+    EXPECT_EQ(r.err, "");
+    const auto original = sizeOf("in/a.jpg");
+    const auto quarter = sizeOf("in/q_a.jpg");
+    ASSERT_TRUE(original && quarter) << describe(r);
+    EXPECT_NEAR(quarter->first, original->first / 4.0, 1.0);
+}
+
+TEST_F(E2eTest, ScriptFileTemplateReplacesTheDefaultOne) {
+    copySample("umang.jpg", "in/a.jpg");
+    write("template.txt", "Sub Main()\r\n"
+                          "    MsgBox \"custom template\", vbOKOnly, \"Start\"\r\n"
+                          "'{MainCode}'\r\n"
+                          "End Sub\r\n"
+                          "Sub ProcessEffects(path)\r\n"
+                          "    fx.filename = path\r\n"
+                          "    fx.SaveFileNameAddPrefix \"tpl_\"\r\n"
+                          "'{EffectsScript}'\r\n"
+                          "    fx.SaveFile\r\n"
+                          "End Sub\r\n");
+    const ProcessResult r =
+        run({"/scriptfile:" + path("template.txt"), "/files:" + path("in\\a.jpg"),
+             "/fx.ResizePercent 50", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_NE(r.err.find("Start\ncustom template\n"), std::string::npos) << describe(r);
+    const auto original = sizeOf("in/a.jpg");
+    const auto result = sizeOf("in/tpl_a.jpg");
+    ASSERT_TRUE(original && result) << describe(r);
+    EXPECT_NEAR(result->first, original->first / 2.0, 1.0);
+}
+
+TEST_F(E2eTest, ExitAloneDoesNothing) {
+    copySample("wine.jpg", "in/a.jpg");
+    // Any case, blanks around it, or inside one pair of quotes (removed by the run itself).
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{"/exit"}, {" /EXIT "}, {"\"/exit\""}}) {
+        const ProcessResult r = run(args);
+        EXPECT_TRUE(r.exited && r.status == 0) << args[0] << "\n" << describe(r);
+        EXPECT_EQ(r.out + r.err, "") << args[0];
+    }
+    EXPECT_EQ(entries("in"), QStringList{"a.jpg"});
+}
+
+TEST_F(E2eTest, TheMainWindowIsRefusedWithStatusTwoWithoutADisplay) {
+    for (const std::vector<std::string>& args :
+         {std::vector<std::string>{}, {"   "}, {"/showscriptwindow", "/fx.Blur"}}) {
+        const ProcessResult r = run(args);
+        EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+        EXPECT_NE(r.err.find("cannot open the main window: there is no display"), std::string::npos)
+            << describe(r);
+    }
+}
+
+TEST_F(E2eTest, ABatchWithoutExitRunsAndThenAsksForTheWindow) {
+    copySample("wine.jpg", "in/a.jpg");
+    const ProcessResult r = run(
+        {"/files:" + path("in\\a.jpg"), "/fx.SaveFileNameAddPrefix " + q("w_"), "/fx.savefile"});
+    EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+    EXPECT_TRUE(sizeOf("in/w_a.jpg")) << describe(r);
+    EXPECT_NE(r.err.find("the batch ran; add /exit"), std::string::npos) << describe(r);
+}
+
+TEST_F(E2eTest, ScriptFileWithShowScriptWindowBuildsButNeverRuns) {
+    copySample("wine.jpg", "in/a.jpg");
+    write("template.txt", "Sub Main()\r\n    fx.filename = \"" +
+                              QByteArray::fromStdString(path("in\\a.jpg")) +
+                              "\"\r\n    fx.SaveFileNameAddPrefix \"s_\"\r\n    fx.SaveFile\r\n"
+                              "End Sub\r\n");
+    const ProcessResult r = run({"/scriptfile:" + path("template.txt"), "/showscriptwindow"});
+    EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+    EXPECT_FALSE(exists("in/s_a.jpg"));
+}

@@ -1,0 +1,131 @@
+// The console as a user meets it: questions on a terminal, their safe answers without one, and
+// the progress line.
+#include "E2eFixture.h"
+
+#include <cmath>
+
+namespace {
+
+bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+
+const char* const kQuestion = "Possible Error: fx.savefile is never called.";
+
+} // namespace
+
+class ConsoleTest : public E2eTest {
+protected:
+    void SetUp() override {
+        E2eTest::SetUp();
+        copySample("wine.jpg", "in/a.jpg");
+        copySample("umang.jpg", "in/b.jpg");
+        m_width = sizeOf("in/a.jpg").value_or(std::make_pair(0, 0)).first;
+        ASSERT_GT(m_width, 100);
+    }
+    // A batch that never saves, ending in `exit` (spelt as given). Note that
+    // "/fx.SaveFileNameAddPrefix" would count as a save: the question looks for "/fx.savefile".
+    std::vector<std::string> unsavedBatch(const std::string& exit = "/exit") const {
+        return {"/files:" + path("in\\a.jpg"), "/fx.ResizePercent 50", exit};
+    }
+    // Whether the photo was saved (over itself, at half its width).
+    bool halved() const {
+        const auto size = sizeOf("in/a.jpg");
+        return size && std::abs(size->first - m_width / 2.0) <= 1.0;
+    }
+    int m_width = 0;
+};
+
+TEST_F(ConsoleTest, PossibleErrorAnsweredYesAddsTheSave) {
+    const ProcessResult r = runInTerminal(unsavedBatch(), {"y"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    // Title on its own line, then the text, then the choices.
+    EXPECT_TRUE(contains(r.out, std::string("Possible Error\r\n") + kQuestion)) << r.out;
+    EXPECT_TRUE(contains(r.out, "[Y]es / [N]o / [C]ancel? ")) << r.out;
+    EXPECT_TRUE(halved()) << describe(r);
+}
+
+TEST_F(ConsoleTest, PossibleErrorAnsweredNoRunsTheLineUnchanged) {
+    const ProcessResult r = runInTerminal(unsavedBatch(), {"n"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.out, kQuestion)) << r.out;
+    EXPECT_FALSE(halved());
+}
+
+TEST_F(ConsoleTest, AnUnknownAnswerIsAskedAgain) {
+    const ProcessResult r = runInTerminal(unsavedBatch(), {"maybe", "yes"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(halved()) << describe(r);
+}
+
+TEST_F(ConsoleTest, YesLeavesAnExitInCapitalsAsWritten) {
+    // The question is asked (the search ignores case) but the replacement does not match.
+    const ProcessResult r = runInTerminal(unsavedBatch("/EXIT"), {"y"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.out, kQuestion)) << r.out;
+    EXPECT_FALSE(halved());
+}
+
+TEST_F(ConsoleTest, WithoutATerminalTheQuestionTakesNoAndSaysSo) {
+    const ProcessResult r = run(unsavedBatch());
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.err, std::string("Possible Error\n") + kQuestion)) << r.err;
+    EXPECT_TRUE(contains(r.err, "(no terminal to answer on: taking \"No\")")) << r.err;
+    EXPECT_FALSE(halved());
+}
+
+TEST_F(ConsoleTest, ScriptMsgBoxQuestionsGoToTheTerminal) {
+    const std::vector<std::string> line = {
+        "/files:" + path("in\\a.jpg"),
+        "/cmd:If MsgBox(\"Save a copy?\", vbYesNo, \"Copy\") = vbYes Then fx.SaveFileNameAddPrefix "
+        "\"m_\" : fx.savefile",
+        "/progress.hide", "/exit"};
+    const ProcessResult yes = runInTerminal(line, {"n", "y"}); // Possible Error, then MsgBox
+    ASSERT_TRUE(yes.exited && yes.status == 0) << describe(yes);
+    EXPECT_TRUE(contains(yes.out, "Copy\r\nSave a copy?\r\n[Y]es / [N]o? ")) << yes.out;
+    EXPECT_TRUE(sizeOf("in/m_a.jpg"));
+    QFile::remove(nativePath("in/m_a.jpg"));
+
+    const ProcessResult silent = run(line);
+    ASSERT_TRUE(silent.exited && silent.status == 0) << describe(silent);
+    EXPECT_TRUE(
+        contains(silent.err, "Copy\nSave a copy?\n(no terminal to answer on: taking \"No\")"))
+        << silent.err;
+    EXPECT_FALSE(exists("in/m_a.jpg"));
+}
+
+TEST_F(ConsoleTest, MsgDisplayPrintsItsBoxOnStderr) {
+    const ProcessResult r =
+        run({"/files:" + path("in\\a.jpg"), "/fx.MsgDisplay \"width \" & fx.ImagWidth",
+             "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    const auto size = sizeOf("in/a.jpg");
+    ASSERT_TRUE(size);
+    EXPECT_TRUE(contains(r.err, "Info\nwidth " + std::to_string(size->first) + "\n")) << r.err;
+}
+
+TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalWhileShown) {
+    const ProcessResult r =
+        runInTerminal({"/files:" + path("in\\a.jpg") + ";b.jpg", "/fx.ResizePercent 10",
+                       "/fx.SaveFileNameAddPrefix \"s_\"", "/fx.savefile", "/exit"},
+                      {});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(contains(r.out, "file 1 of 2, a.jpg")) << r.out;
+    EXPECT_TRUE(contains(r.out, "file 2 of 2, b.jpg, ")) << r.out;
+    EXPECT_TRUE(contains(r.out, " photos per second")) << r.out;
+    // The line is ended before the process does, so the shell's prompt starts on its own line.
+    EXPECT_TRUE(r.out.size() >= 2 && r.out.compare(r.out.size() - 2, 2, "\r\n") == 0) << r.out;
+}
+
+TEST_F(ConsoleTest, NoProgressLineWhenHiddenOrWithoutATerminal) {
+    const std::vector<std::string> hidden = {"/files:" + path("in\\a.jpg") + ";b.jpg",
+                                             "/progress.hide", "/fx.savefile", "/exit"};
+    const ProcessResult onTerminal = runInTerminal(hidden, {});
+    ASSERT_TRUE(onTerminal.exited && onTerminal.status == 0) << describe(onTerminal);
+    EXPECT_FALSE(contains(onTerminal.out, "file 1 of")) << onTerminal.out;
+
+    const ProcessResult piped =
+        run({"/files:" + path("in\\a.jpg") + ";b.jpg", "/fx.savefile", "/exit"});
+    ASSERT_TRUE(piped.exited && piped.status == 0) << describe(piped);
+    EXPECT_EQ(piped.err, "");
+}
