@@ -39,8 +39,9 @@ bool startsWithWord(const QString& item, QLatin1String word) {
 } // namespace
 
 QString buildMainCode(const QString& line, bool* hasSource, const Warn& warn) {
-    const QString folderList = folderFiles(line, QStringLiteral("/folder:"), false, warn) +
-                               folderFiles(line, QStringLiteral("/folderall:"), true, warn);
+    // Two statements: the warnings come in the order of the switches.
+    QString folderList = folderFiles(line, QStringLiteral("/folder:"), false, warn);
+    folderList += folderFiles(line, QStringLiteral("/folderall:"), true, warn);
     bool hasFilesSwitch = false;
     const QString explicitFiles = switchValue(line, QStringLiteral("/files:"), &hasFilesSwitch);
     *hasSource = hasFilesSwitch || !folderList.isEmpty();

@@ -72,3 +72,39 @@ TEST_F(FxBatchTest, MissingPhotoIsAScriptErrorNamingTheLine) {
     EXPECT_TRUE(outcome.result.endsWith("fx.filename = \"" + tree.path("in\\gone.jpg") + "\""))
         << outcome.result.toStdString();
 }
+
+TEST_F(FxBatchTest, PreviewModeReturnsTheErrorTextAndShowsNoBox) {
+    // RunCommandLine is the entry the preview pane and the test run use.
+    const QString photo = tree.path("in\\Photo One.jpg");
+    const QString syntax = RunCommandLine(
+        "/files:" + photo + " /fx.ResizePercent 50 /cmd:If Then /progress.hide", true);
+    EXPECT_EQ(syntax, QStringLiteral("Error was found: 1002: Syntax error\r\n\r\n"
+                                     "Please correct the below line:\r\n\r\n   If Then"));
+    const QString runtime =
+        RunCommandLine("/files:" + photo + " /fx.ResizePercent 50 /fx.NoSuchMember 1", true);
+    EXPECT_EQ(runtime,
+              QStringLiteral("Error was found: 438: Object doesn't support this property "
+                             "or method: 'NoSuchMember'\r\n\r\n"
+                             "Please correct the below line:\r\n\r\n   fx.NoSuchMember 1"));
+    EXPECT_TRUE(recorder.boxes.isEmpty());
+    // A preview run that succeeds returns nothing; nothing was saved by these runs.
+    EXPECT_EQ(RunCommandLine("/files:" + photo + " /fx.ResizePercent 50", true), QString());
+    EXPECT_EQ(tree.read("in/Photo One.jpg").size(),
+              QFile(QStringLiteral(VANTOREL_SOURCE_DIR "/data/example.jpg")).size());
+}
+
+TEST_F(FxBatchTest, AFailingPhotoStopsTheBatchAtThatPhoto) {
+    tree.write("in/Broken.jpg", tree.read("in/Photo One.jpg").left(2000));
+    tree.write("in/Last.jpg", tree.read("in/Photo One.jpg"));
+    const QString line = "/files:" + tree.path("in\\Photo One.jpg") +
+                         ";Broken.jpg;Last.jpg /fx.SaveFileNameAddPrefix \"s_\" /fx.savefile /exit";
+    const RunOutcome outcome = runCommandLine(line, false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Failed);
+    EXPECT_EQ(exitStatus, 1);
+    ASSERT_EQ(recorder.boxes.size(), 1);
+    EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Script Runtime Error"));
+    EXPECT_TRUE(recorder.boxes[0].text.contains(tree.path("in\\Broken.jpg")));
+    EXPECT_FALSE(tree.read("in/s_Photo One.jpg").isEmpty());
+    EXPECT_TRUE(tree.read("in/s_Broken.jpg").isEmpty());
+    EXPECT_TRUE(tree.read("in/s_Last.jpg").isEmpty());
+}

@@ -206,3 +206,46 @@ TEST_F(PrepareRun, CrLfOfStoredLinesIsRemovedWholePairsOnly) {
     EXPECT_EQ(prepare("/loadcmdscript:" + tree.path("lf.txt")).line,
               QStringLiteral("/fx.Blur/fx.Sharpen /progress.show"));
 }
+
+TEST_F(PrepareRun, WhatIsLeftOutSilentlyIsToldToTheWarningSink) {
+    QStringList warnings;
+    options.warn = [&](const QString& text) { warnings.append(text); };
+    tree.write("empty.txt", "");
+    const RunPlan plan = prepare("/scriptfile:" + tree.path("none.txt") + " /loadcmdscript:" +
+                                 tree.path("none.cmd") + " /folder:" + tree.path("gone") + "; ;" +
+                                 tree.path("p") + " /folderall:" + tree.path("gone2") +
+                                 " /files:" + tree.path("p\\a.jpg") + ";;b.jpg /fx.Blur");
+    EXPECT_EQ(plan.fileCount, 2); // a.jpg from /files:, then again from the folder
+    EXPECT_EQ(warnings,
+              (QStringList{"file not found: " + tree.path("none.cmd") + " (/loadcmdscript:)",
+                           "script template not found: " + tree.path("none.txt") +
+                               " (/scriptfile:); using the default",
+                           "folder not found: " + tree.path("gone") + " (/folder:)",
+                           "folder not found: " + tree.path("gone2") + " (/folderall:)",
+                           "photo not found: b.jpg (/files:)"}));
+
+    warnings.clear();
+    prepare("/scriptfile:" + tree.path("empty.txt") + " /files:" + tree.path("nothing.jpg"));
+    EXPECT_EQ(warnings, (QStringList{"script template is empty: " + tree.path("empty.txt") +
+                                         " (/scriptfile:); using the default",
+                                     "photo not found: " + tree.path("nothing.jpg") + " (/files:)",
+                                     "no photo to process"}));
+
+    warnings.clear();
+    options.programFolder = tree.path("elsewhere");
+    prepare("/fx.Blur");
+    ASSERT_EQ(warnings.size(), 1);
+    EXPECT_TRUE(warnings[0].startsWith("script template not found or empty: " +
+                                       tree.path("elsewhere\\Data\\template.txt")));
+}
+
+TEST_F(PrepareRun, AnEmptyStoredFileIsToldOnceWhileTheLoopWaits) {
+    QStringList warnings;
+    options.warn = [&](const QString& text) { warnings.append(text); };
+    tree.write("empty.txt", "");
+    int passes = 0;
+    options.expansionGuard = [&] { return ++passes <= 3; };
+    prepare("/loadcmdscript:" + tree.path("empty.txt") + "/fx.Blur");
+    ASSERT_EQ(warnings.size(), 1);
+    EXPECT_TRUE(warnings[0].startsWith(tree.path("empty.txt") + " is empty (/loadcmdscript:)"));
+}
