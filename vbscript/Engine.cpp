@@ -196,6 +196,7 @@ void Engine::checkStack()
 Engine::Entry::Entry(Engine& e) : m_engine(e)
 {
     if (e.m_entryDepth++ == 0) {
+        e.m_steps = 0;
         char here;
         e.m_stackBase = &here;
         e.m_stackBudget = nativeStackBudget(&here);

@@ -14,6 +14,9 @@ namespace vbs {
 class ClassInstance;
 class ErrObject;
 
+// Thrown when the statement limit is reached; not a ScriptError, so no handler catches it.
+struct ScriptInterrupted {};
+
 struct GlobalSlot {
     enum class Kind : uint8_t { Undeclared, Variable, Const, Procedure, Builtin, Class, Object };
     Kind kind = Kind::Undeclared;
@@ -92,6 +95,15 @@ public:
     // Execute / ExecuteGlobal / Eval as scripts call them (in the caller's scope where possible).
     void executeStatements(std::u16string_view code, bool global);
     Value evaluate(std::u16string_view expression);
+
+    // Stops a run after this many statements, loop turns and calls (0: no limit). The stop
+    // cannot be caught by On Error Resume Next; the control reports it as error 17.
+    void setStatementLimit(uint64_t limit) { m_stepLimit = limit; }
+    void tick()
+    {
+        if (m_stepLimit && ++m_steps > m_stepLimit)
+            throw ScriptInterrupted{};
+    }
 
     Host& host() const { return *m_host; }
     void setHost(Host* host) { m_host = host ? host : &defaultHost(); }
@@ -206,6 +218,8 @@ private:
     Frame* m_frame = nullptr;
     Frame m_globalFrame;
     int m_depth = 0;
+    uint64_t m_steps = 0;
+    uint64_t m_stepLimit = 0;
     char* m_stackBase = nullptr;  // native stack at the outermost entry
     size_t m_stackBudget = 0;     // bytes of native stack the engine may use
     int m_entryDepth = 0;

@@ -268,6 +268,7 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
         return callProcedure(proc, me, args);
     }
     checkStack();
+    tick();
     const size_t n = size_t(proc->localCount), np = proc->params.size();
     if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
         raise(ErrorCode::OutOfStackSpace);

@@ -25,6 +25,7 @@ Flow Engine::execBlock(const Block& block)
     for (const auto& sp : block) {
         const Stmt* s = sp.get();
         m_frame->node = nullptr;
+        tick();
         try {
             const Flow f = exec(s);
             if (f != Flow::Normal)
@@ -278,6 +279,7 @@ Flow Engine::execFor(const ForStmt* s)
         };
         store(i);
         while (inc >= 0 ? i <= end : i >= end) {
+            tick();
             const Flow f = execBlock(s->body);
             if (f == Flow::ExitFor)
                 break;
@@ -301,6 +303,7 @@ Flow Engine::execFor(const ForStmt* s)
     };
     store(i);
     while (inc >= 0 ? i <= end : i >= end) {
+        tick();
         const Flow f = execBlock(s->body);
         if (f == Flow::ExitFor)
             break;
@@ -339,6 +342,7 @@ Flow Engine::execForEach(const ForEachStmt* s)
 Flow Engine::execDo(const DoStmt* s)
 {
     while (true) {
+        tick();
         if (s->testAtTop && s->condition) {
             const bool c = evalCondition(s->condition.get());
             if (s->until ? c : !c)

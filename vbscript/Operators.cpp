@@ -120,6 +120,8 @@ int64_t toLongForIntOps(const Value& v)
 Value add(const Value& a, const Value& b)
 {
     if (a.isString() && b.isString()) {
+        if (a.str().size() + b.str().size() > kMaxStringLength)
+            raise(ErrorCode::OutOfStringSpace);
         String s = a.str();
         s += b.str();
         return Value(std::move(s));
@@ -211,10 +213,13 @@ Value concat(const Value& a, const Value& b)
         return Value::null();
     String s = a.isNull() ? String() : a.toString();
     if (!b.isNull()) {
-        if (b.isString())
+        if (b.isString()) {
+            if (s.size() + b.str().size() > kMaxStringLength)
+                raise(ErrorCode::OutOfStringSpace);
             s += b.str();
-        else
+        } else {
             s += b.toString();
+        }
     }
     return Value(std::move(s));
 }

@@ -66,6 +66,11 @@ bool ScriptControl::guarded(Fn&& fn)
         info.line = e.line;
         info.column = e.column;
         info.text = lineOf(engine.chunkSource(e.chunk), e.line);
+    } catch (const ScriptInterrupted&) {
+        info = ErrorInfo{};
+        info.number = int32_t(ErrorCode::CantPerformOperation);
+        info.description = errorMessage(info.number);
+        info.source = defaultErrorSource(info.number);
     } catch (const std::bad_alloc&) {
         info = ErrorInfo{};
         info.number = int32_t(ErrorCode::OutOfMemory);
@@ -117,6 +122,11 @@ void ScriptControl::reset()
 {
     m_engine->reset();
     clearError();
+}
+
+void ScriptControl::setStatementLimit(uint64_t limit)
+{
+    m_engine->setStatementLimit(limit);
 }
 
 void ScriptControl::setHost(Host* host)

@@ -52,6 +52,9 @@ public:
     void reset();
 
     void setHost(Host* host); // nullptr restores the default host
+    // Stops any later run after this many statements, loop turns and calls, with error 17
+    // (0, the default: no limit). A guard for untrusted code.
+    void setStatementLimit(uint64_t limit);
     Host& host() const;
 
     // Built-ins and constants live in the global scope beside the script's names.

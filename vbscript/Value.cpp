@@ -24,7 +24,7 @@ Value Value::makeArray(std::vector<int32_t> counts)
     auto* rep = new ArrayRep;
     size_t total = counts.empty() ? 0 : 1; // "Dim a()": no dimensions yet
     for (int32_t c : counts) {
-        if (c < 0 || (c > 0 && total > (size_t(1) << 28) / size_t(c))) {
+        if (c < 0 || (c > 0 && total > kMaxArrayItems / size_t(c))) {
             delete rep;
             raise(c < 0 ? ErrorCode::SubscriptOutOfRange : ErrorCode::OutOfMemory);
         }
@@ -68,6 +68,8 @@ ArrayRep* Value::mutableArray()
 
 void ValueAccess::appendString(Value& v, std::u16string_view text)
 {
+    if (v.m_type == VarType::String && v.m_u.s->text.size() + text.size() > kMaxStringLength)
+        raise(ErrorCode::OutOfStringSpace);
     if (v.m_type == VarType::String && v.m_u.s->refs == 1) {
         v.m_u.s->text.append(text);
         return;

@@ -37,6 +37,11 @@ struct StringRep {
 
 class Value;
 
+// Limits that turn runaway scripts into errors (14 Out of string space, 7 Out of memory)
+// rather than exhausting the machine.
+constexpr size_t kMaxStringLength = size_t(1) << 28; // code units
+constexpr size_t kMaxArrayItems = size_t(1) << 26;
+
 // Arrays keep VBScript's value semantics through copy-on-write: assignment shares the rep, and
 // writing through a shared rep copies it first. Items are stored with the first index varying
 // fastest, so ReDim Preserve of the last dimension only appends.

@@ -158,6 +158,25 @@ TEST(ScriptControl, ForEachOverHostCollectionAndTypeName)
     EXPECT_EQ(r.toString(), u"ab12");
 }
 
+TEST(ScriptControl, StatementLimitStopsEndlessLoops)
+{
+    ScriptControl sc;
+    sc.setStatementLimit(10000);
+    EXPECT_FALSE(sc.addCode(u"On Error Resume Next\nDo\nLoop"));
+    EXPECT_EQ(sc.error().number, 17);
+    EXPECT_FALSE(sc.addCode(u"Sub R() : R : End Sub\nOn Error Resume Next\nR"));
+    EXPECT_TRUE(sc.addCode(u"Dim i, n : For i = 1 To 100 : n = n + i : Next")); // counts per run
+}
+
+TEST(ScriptControl, RunawayStringsAndArraysAreErrors)
+{
+    ScriptControl sc;
+    EXPECT_FALSE(sc.addCode(u"Dim s : s = \"x\" : Do : s = s & s : Loop"));
+    EXPECT_EQ(sc.error().number, 14);
+    EXPECT_FALSE(sc.addCode(u"ReDim a(100000, 100000)"));
+    EXPECT_EQ(sc.error().number, 7);
+}
+
 TEST(ScriptControl, LanguageIsVBScriptOnly)
 {
     ScriptControl sc;
