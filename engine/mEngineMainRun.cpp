@@ -19,6 +19,16 @@ void warn(const RunOptions& options, const QString& text) {
     if (options.warn) options.warn(text);
 }
 
+// A path read up to the next "/" runs across the line break of a stored file when the switch
+// ends a line there; the file is then not found, which deserves a hint.
+QString notFound(const QString& path, const QString& switchName) {
+    QString text = QStringLiteral("file not found: %1 (%2)").arg(path.trimmed(), switchName);
+    if (path.contains(QStringLiteral("\r\n")))
+        text += QStringLiteral("; its path runs on into the next line: put a blank and the next "
+                               "item behind it on the same line");
+    return text;
+}
+
 // One pass of the expansion loops must be allowed to go on.
 bool mayContinue(const RunOptions& options) {
     return !options.expansionGuard || options.expansionGuard();
@@ -42,8 +52,7 @@ void expandFileSwitch(QString& line, const QString& switchName, QString (*conver
         const QString path = switchValue(line, switchName);
         const QString whole = switchName + path;
         if (!mFile::FileExists(path)) {
-            warn(options,
-                 QStringLiteral("file not found: %1 (%2)").arg(path.trimmed(), switchName));
+            warn(options, notFound(path, switchName));
             line.replace(whole, QString(), Qt::CaseInsensitive);
             continue;
         }

@@ -40,8 +40,14 @@ const char* const kUsage =
     "  /loadvt3script:FILE   the script file FILE in its command-line form\n"
     "  /scriptfile:FILE      a script template in place of data\\template.txt\n"
     "  /exit                 end after the batch (without it the main window opens)\n"
+    "  /showscriptwindow     open the main window with the rest of the line\n"
     "Paths use \"\\\" as the folder separator, e.g. /files:~\\photos\\a.jpg\n"
-    "Exit status: 0 done, 1 script error, 2 the command line could not be carried out.\n";
+    "A \"/\" always starts a new item, so no value can hold one. One double quote at each end\n"
+    "of the whole line is removed: end a line with an item such as /exit, not a quoted text.\n"
+    "Without a terminal, questions take their safe answer (No). Ctrl+C stops at once and\n"
+    "removes unfinished saves.\n"
+    "Exit status: 0 done, 1 script error, 2 the command line could not be carried out\n"
+    "(no script engine, no display for the window), 130 interrupted.\n";
 
 } // namespace
 

@@ -108,3 +108,22 @@ TEST_F(FxBatchTest, AFailingPhotoStopsTheBatchAtThatPhoto) {
     EXPECT_TRUE(tree.read("in/s_Broken.jpg").isEmpty());
     EXPECT_TRUE(tree.read("in/s_Last.jpg").isEmpty());
 }
+
+TEST_F(FxBatchTest, TheImagingControlOutlivesEachRun) {
+    // Each run gets a new fx object and script engine, but both work on the progress window's
+    // control, so a setting made by one run is seen by the next.
+    const QString photo = tree.path("in\\Photo One.jpg");
+    ASSERT_EQ(runCommandLine("/files:" + photo + " /fx.SaveJPGLumFactor = 37 /progress.hide", false,
+                             options)
+                  .status,
+              ScriptStatus::Succeeded);
+    const auto control = loadProgressWindow().engine_IX;
+    ASSERT_TRUE(control);
+    ASSERT_EQ(runCommandLine("/files:" + photo + " /cmd:MsgBox fx.SaveJPGLumFactor /progress.hide",
+                             false, options)
+                  .status,
+              ScriptStatus::Succeeded);
+    EXPECT_EQ(loadProgressWindow().engine_IX, control);
+    ASSERT_EQ(recorder.boxes.size(), 1);
+    EXPECT_EQ(recorder.boxes[0].text, QStringLiteral("37"));
+}

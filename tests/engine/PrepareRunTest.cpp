@@ -249,3 +249,17 @@ TEST_F(PrepareRun, AnEmptyStoredFileIsToldOnceWhileTheLoopWaits) {
     ASSERT_EQ(warnings.size(), 1);
     EXPECT_TRUE(warnings[0].startsWith(tree.path("empty.txt") + " is empty (/loadcmdscript:)"));
 }
+
+TEST_F(PrepareRun, ANestedSwitchEndingAStoredLineIsNotFoundAndTheWarningSaysWhy) {
+    // Line breaks go only after the expansion, so the nested path runs into the next line.
+    QStringList warnings;
+    options.warn = [&](const QString& text) { warnings.append(text); };
+    tree.write("inner.txt", "/fx.Blur");
+    tree.write("outer.txt", ("/loadcmdscript:" + tree.path("inner.txt") + "\r\n").toUtf8());
+    const RunPlan plan = prepare("/loadcmdscript:" + tree.path("outer.txt") + " /fx.Sharpen");
+    EXPECT_FALSE(plan.line.contains("fx.Blur"));
+    ASSERT_EQ(warnings.size(), 1);
+    EXPECT_TRUE(warnings[0].startsWith("file not found: " + tree.path("inner.txt") +
+                                       " (/loadcmdscript:); its path runs on into the next line"))
+        << warnings[0].toStdString();
+}
