@@ -19,7 +19,9 @@ ConsoleProgressBackend::~ConsoleProgressBackend() {
 
 QString ConsoleProgressBackend::progressLine(const ProgressState& state) {
     QString line = QStringLiteral("file %1").arg(state.fileNumber);
-    if (state.fileCount > 0) line += QStringLiteral(" of %1").arg(state.fileCount);
+    // A script that sets the label more than once per photo outruns the count; "of N" would lie.
+    if (state.fileCount > 0 && state.fileNumber <= state.fileCount)
+        line += QStringLiteral(" of %1").arg(state.fileCount);
     const QString name = state.currentName();
     if (!name.isEmpty()) line += QStringLiteral(", ") + name;
     if (state.photosPerSecond > 0)

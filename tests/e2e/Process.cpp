@@ -5,6 +5,7 @@
 #include <chrono>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <poll.h>
 #include <pty.h>
 #include <spawn.h>
@@ -52,15 +53,21 @@ template <class Drain>
 void superviseChild(pid_t pid, const ProcessOptions& options, ProcessResult& result,
                     Drain&& drain) {
     const Clock::time_point start = Clock::now();
+    std::optional<Clock::time_point> signalFrom;
+    if (options.signalAfterText.empty()) signalFrom = start;
     bool signalled = false;
     bool open = true;
     int waitStatus = 0;
     for (;;) {
         const double elapsed = secondsSince(start);
-        if (!signalled && options.signalAfterSeconds >= 0 &&
-            elapsed >= options.signalAfterSeconds) {
+        if (!signalFrom && (result.out.find(options.signalAfterText) != std::string::npos ||
+                            result.err.find(options.signalAfterText) != std::string::npos))
+            signalFrom = Clock::now();
+        if (!signalled && options.signalAfterSeconds >= 0 && signalFrom &&
+            secondsSince(*signalFrom) >= options.signalAfterSeconds) {
             ::kill(pid, options.signalNumber);
             signalled = true;
+            result.signalSentAt = elapsed;
         }
         if (!result.timedOut && elapsed >= options.timeoutSeconds) {
             ::kill(pid, SIGKILL);

@@ -9,11 +9,12 @@
 struct ProcessResult {
     bool exited = false; // ended by exit(); `status` is then its exit status
     int status = -1;
-    int signal = 0;        // the signal that ended it, when it did not exit
-    bool timedOut = false; // killed at the deadline
-    double seconds = 0;    // from start to end
-    std::string out;       // stdout (under a terminal: everything the terminal showed)
-    std::string err;       // stderr (empty under a terminal)
+    int signal = 0;           // the signal that ended it, when it did not exit
+    bool timedOut = false;    // killed at the deadline
+    double seconds = 0;       // from start to end
+    double signalSentAt = -1; // seconds from the start, when a signal was sent
+    std::string out;          // stdout (under a terminal: everything the terminal showed)
+    std::string err;          // stderr (empty under a terminal)
 };
 
 struct ProcessOptions {
@@ -21,8 +22,10 @@ struct ProcessOptions {
     std::vector<std::string> unsetEnv = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
     std::vector<std::pair<std::string, std::string>> setEnv;
     double timeoutSeconds = 30;
-    // When >= 0, `signalNumber` is sent this many seconds after the start.
+    // When >= 0, `signalNumber` is sent this many seconds after the start, or after the output
+    // first shows `signalAfterText` when that is set.
     double signalAfterSeconds = -1;
+    std::string signalAfterText;
     int signalNumber = SIGINT;
 };
 

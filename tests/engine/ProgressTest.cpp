@@ -63,6 +63,9 @@ TEST(ConsoleProgressBackend, LineNamesFileCountAndRate) {
     state.photosPerSecond = 2.345;
     EXPECT_EQ(ConsoleProgressBackend::progressLine(state),
               QStringLiteral("file 3 of 31, IMG_0001.JPG, 2.3 photos per second"));
+    state.fileCount = 2; // the label was set more often than there are photos
+    EXPECT_EQ(ConsoleProgressBackend::progressLine(state),
+              QStringLiteral("file 3, IMG_0001.JPG, 2.3 photos per second"));
     state.fileCount = 0;
     state.photosPerSecond = 0;
     state.label = "own text";
