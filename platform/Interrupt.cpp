@@ -103,6 +103,9 @@ void installHandlers() {
         if (previous.sa_handler == SIG_IGN) continue;
         sigaction(s, &action, nullptr);
     }
+    // A reader of our messages that goes away (`vantorel ... | head`) must not end a batch in the
+    // middle of a save: writes then fail with EPIPE, which the messages ignore.
+    ::signal(SIGPIPE, SIG_IGN);
 }
 
 std::filesystem::path createTempFile(const std::filesystem::path& folder, std::string_view prefix) {

@@ -13,7 +13,8 @@
 // just as promptly as one waiting in a save.
 namespace Interrupt {
 
-// Installs the SIGINT and SIGTERM handlers (the process's start-up does this once).
+// Installs the SIGINT, SIGTERM and SIGHUP handlers and ignores SIGPIPE (the process's start-up
+// does this once).
 void installHandlers();
 
 // Creates a new empty file "<folder>/<prefix>XXXXXX" (as mkstemp does, mode 0600) and registers

@@ -162,3 +162,25 @@ TEST_F(E2eTest, ScriptFileWithShowScriptWindowBuildsButNeverRuns) {
     EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
     EXPECT_FALSE(exists("in/s_a.jpg"));
 }
+
+TEST_F(E2eTest, FolderAllTakesSubfoldersAndFolderDoesNot) {
+    copySample("wine.jpg", "in/a.jpg");
+    copySample("umang.jpg", "in/sub/b.JPG"); // the image filter ignores case
+    copySample("friends.jpg", "in/sub/deeper/c.jpeg");
+    write("in/notes.txt", "not a photo\n");
+    const ProcessResult top = run(
+        {"/folder:" + path("in"), "/fx.SaveFileNameAddPrefix " + q("f_"), "/fx.savefile", "/exit"});
+    ASSERT_TRUE(top.exited && top.status == 0) << describe(top);
+    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "f_a.jpg", "notes.txt", "sub"}));
+    EXPECT_EQ(entries("in/sub"), (QStringList{"b.JPG", "deeper"}));
+
+    const ProcessResult all =
+        run({"/folderall:" + path("in"), "/fx.SaveFileNameAddPrefix " + q("r_"), "/fx.savefile",
+             "/exit"});
+    ASSERT_TRUE(all.exited && all.status == 0) << describe(all);
+    // f_a.jpg from the first run is an image of the folder too.
+    for (const char* name :
+         {"in/r_a.jpg", "in/r_f_a.jpg", "in/sub/r_b.JPG", "in/sub/deeper/r_c.jpeg"})
+        EXPECT_TRUE(sizeOf(name)) << name << "\n" << describe(all);
+    EXPECT_FALSE(exists("in/r_notes.txt"));
+}

@@ -131,3 +131,16 @@ TEST_F(InterruptTest, ASignalIgnoredByTheParentStaysIgnored) {
     EXPECT_EQ(WEXITSTATUS(status), 7);
     EXPECT_EQ(names().size(), 1u);
 }
+
+TEST_F(InterruptTest, AClosedOutputPipeDoesNotEndTheProcess) {
+    const int status = inChild([&] {
+        Interrupt::installHandlers();
+        int ends[2];
+        if (::pipe(ends) != 0) ::_exit(98);
+        ::close(ends[0]);
+        const bool failed = ::write(ends[1], "x", 1) < 0 && errno == EPIPE;
+        ::_exit(failed ? 5 : 6);
+    });
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), 5);
+}
