@@ -43,8 +43,10 @@ TEST_F(E2eTest, SigtermEndsTheRunWithItsOwnStatus) {
     EXPECT_LT(r.seconds - r.signalSentAt, kPromptly) << describe(r);
 }
 
-// Enabled once the imaging library registers its save files with Interrupt::createTempFile.
-TEST_F(E2eTest, DISABLED_CtrlCDuringSavesLeavesOnlyCompletePhotos) {
+TEST_F(E2eTest, CtrlCDuringSavesLeavesOnlyCompletePhotos) {
+#ifndef VANTOREL_SAVES_REGISTER_TEMP_FILES
+    GTEST_SKIP() << "the imaging library does not register its save files with Interrupt yet";
+#endif
     // Saving over and over, a large image, so the signal almost surely lands inside a save.
     copyExample("in/a.jpg");
     const ProcessResult r =
