@@ -184,3 +184,19 @@ TEST_F(E2eTest, FolderAllTakesSubfoldersAndFolderDoesNot) {
         EXPECT_TRUE(sizeOf(name)) << name << "\n" << describe(all);
     EXPECT_FALSE(exists("in/r_notes.txt"));
 }
+
+TEST_F(E2eTest, PathsWithBlanksAccentsAndAnotherCaseAreFound) {
+    copySample("wine.jpg", "Fötos 2024/Wein ü.jpg");
+    const ProcessResult r = run({"/files:" + path("Fötos 2024\\Wein ü.jpg"),
+                                 "/fx.SaveFileNameAddPrefix " + q("ß_"), "/fx.savefile", "/exit"});
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(sizeOf("Fötos 2024/ß_Wein ü.jpg")) << describe(r);
+
+    // Scripts written elsewhere rely on names found without regard to case.
+    copySample("umang.jpg", "in/Photo.jpg");
+    const ProcessResult other =
+        run({"/files:" + path("IN\\PHOTO.JPG"), "/fx.SaveFileNameAddPrefix " + q("c_"),
+             "/fx.savefile", "/exit"});
+    ASSERT_TRUE(other.exited && other.status == 0) << describe(other);
+    EXPECT_EQ(entries("in"), (QStringList{"Photo.jpg", "c_PHOTO.JPG"}));
+}
