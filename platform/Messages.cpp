@@ -60,6 +60,12 @@ const char* answerName(MsgAnswer answer) {
     return "OK";
 }
 
+// Someone can answer only when the question is seen on a terminal and typed on one: with
+// stderr sent to a file, a prompt nobody sees would wait for ever.
+bool canAsk() {
+    return isatty(STDIN_FILENO) && isatty(STDERR_FILENO);
+}
+
 ConsoleMessages& consoleMessages() {
     static ConsoleMessages console;
     return console;
@@ -88,7 +94,7 @@ MsgAnswer ConsoleMessages::messageBox(const QString& title, const QString& text,
     std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());
     std::fflush(stderr);
     if (buttons == MsgButtons::OkOnly) return MsgAnswer::Ok;
-    if (isatty(STDIN_FILENO)) return askOnTerminal(buttons);
+    if (canAsk()) return askOnTerminal(buttons);
     const MsgAnswer answer = safeDefault(buttons);
     std::fprintf(stderr, "(no terminal to answer on: taking \"%s\")\n", answerName(answer));
     return answer;
@@ -124,7 +130,7 @@ std::optional<QString> ConsoleMessages::inputBox(const QString& title, const QSt
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     const QString heading = title.isEmpty() ? applicationTitle() : title;
     std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());
-    if (!isatty(STDIN_FILENO)) {
+    if (!canAsk()) {
         std::fprintf(stderr, "(no terminal to answer on: cancelled)\n");
         return std::nullopt;
     }

@@ -48,8 +48,8 @@ public:
 };
 
 // Texts on stderr. A box prints its title on one line and its text below it. A question is asked
-// on the terminal when stdin is one; otherwise it takes the safe default and says so, so that a
-// batch started by another program never waits for an answer.
+// on the terminal when stdin and stderr are both one; otherwise it takes the safe default and
+// says so, so that a batch started by another program (or logging to a file) never waits.
 class ConsoleMessages : public Messages {
 public:
     MsgAnswer messageBox(const QString& title, const QString& text, MsgIcon icon,

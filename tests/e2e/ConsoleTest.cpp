@@ -74,6 +74,23 @@ TEST_F(ConsoleTest, WithoutATerminalTheQuestionTakesNoAndSaysSo) {
     EXPECT_FALSE(halved());
 }
 
+TEST_F(ConsoleTest, WithStderrInAFileTheQuestionIsNotAskedUnseen) {
+    // Typed on a terminal, but the question would go to a log nobody reads while it waits.
+    std::string command = "exec \"$0\"";
+    for (const std::string& arg : unsavedBatch())
+        command += " '" + arg + "'";
+    command += " 2>" + nativePath("log.txt").toStdString();
+    ProcessOptions options;
+    options.timeoutSeconds = 10;
+    const ProcessResult r =
+        ::runInTerminal("/bin/sh", {"-c", command, VANTOREL_BINARY}, {}, options);
+    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
+    EXPECT_TRUE(
+        contains(read("log.txt").toStdString(), "(no terminal to answer on: taking \"No\")"))
+        << read("log.txt").toStdString();
+    EXPECT_FALSE(halved());
+}
+
 TEST_F(ConsoleTest, ScriptMsgBoxQuestionsGoToTheTerminal) {
     const std::vector<std::string> line = {
         "/files:" + path("in\\a.jpg"),
