@@ -108,12 +108,48 @@ void ImagingControl::applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage) 
 
 const VImage& ImagingControl::image() const {
     if (!m_hasImage) fail(ErrorCode::NoImage, "load a file first");
+    if (m_streamed) materialise();
+    return m_image;
+}
+
+// A streamed pipeline that a save has read is built again from the file before its next read.
+void ImagingControl::restreamIfConsumed() const {
+    if (!m_consumed) return;
+    try {
+        m_image = m_restream();
+    } catch (const vips::VError& e) {
+        failFromVips(ErrorCode::DamagedImage, m_fileName, e);
+    }
+    m_consumed = false;
+}
+
+// Runs a streamed pipeline once into memory; from then on the image is an ordinary one. Only the
+// decoder can fail here, so a failure names the file.
+void ImagingControl::materialise() const {
+    restreamIfConsumed();
+    try {
+        m_consumed = true;
+        m_image = m_image.copy_memory();
+    } catch (const vips::VError& e) {
+        failFromVips(ErrorCode::DamagedImage, m_fileName, e);
+    }
+    m_streamed = false;
+    m_consumed = false;
+}
+
+// The image a save reads: a streamed pipeline is read by the save itself.
+const VImage& ImagingControl::imageForSave() {
+    if (!m_streamed) return image();
+    restreamIfConsumed();
+    m_consumed = true;
     return m_image;
 }
 
 void ImagingControl::setImage(VImage image) {
-    if (m_hasImage && storedBool("UndoEnabled")) m_undo.assign(1, m_image);
+    if (m_hasImage && storedBool("UndoEnabled")) m_undo.assign(1, this->image());
     m_image = std::move(image);
+    m_streamed = false;
+    m_consumed = false;
     m_hasImage = true;
     m_source.untouched = false;
     m_bitsPerPixel = bitsPerPixelOf(m_image);
@@ -125,28 +161,47 @@ void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {
     m_greyPalette = greyPalette;
 }
 
+namespace {
+
+VImage resizeExactly(const VImage& in, int32_t width, int32_t height, VipsKernel kernel) {
+    double hs = double(width) / in.width(), vs = double(height) / in.height();
+    VImage out = in.resize(hs, VImage::option()->set("vscale", vs)->set("kernel", kernel));
+    if (out.width() != width || out.height() != height)
+        out = out.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
+    return out;
+}
+
+} // namespace
+
 void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
     const VImage& in = image();
     if (int64_t(width) * height > kMaxPixels)
         fail(ErrorCode::ImageTooLarge, std::to_string(width) + " x " + std::to_string(height) +
                                            " pixels; the limit is 250 megapixels");
-    VImage base = in;
-    bool shrunk = false;
-    if (smooth && width <= in.width() && height <= in.height()) {
-        VImage reopened = reopenShrunk(m_source, in, width, height);
-        if (!reopened.is_null()) {
-            base = reopened;
-            shrunk = true;
-        }
-    }
-    double hs = double(width) / base.width(), vs = double(height) / base.height();
     auto kernel = smooth ? VIPS_KERNEL_LANCZOS3 : VIPS_KERNEL_NEAREST;
-    VImage out = base.resize(hs, VImage::option()->set("vscale", vs)->set("kernel", kernel));
-    if (out.width() != width || out.height() != height)
-        out = out.embed(0, 0, width, height, VImage::option()->set("extend", VIPS_EXTEND_COPY));
-    // A sequentially decoded image can be read only once, top to bottom: keep the small result.
-    if (shrunk) out = out.copy_memory();
+    Reopened reopened;
+    if (smooth && width <= in.width() && height <= in.height())
+        reopened = reopenForResize(m_source, in.width(), in.height(), width, height);
+    if (reopened.image.is_null()) {
+        setImage(resizeExactly(in, width, height, kernel));
+        return;
+    }
+    VImage out = resizeExactly(reopened.image, width, height, kernel);
+    if (!reopened.sequential) {
+        // Decoded whole at the reduced scale for the turning: keep only the small result.
+        setImage(out.copy_memory());
+        return;
+    }
+    // Taken before setImage replaces the image and marks the source touched.
+    SourceInfo source = m_source;
+    int32_t fullWidth = in.width(), fullHeight = in.height();
     setImage(out);
+    m_streamed = true;
+    m_restream = [source, fullWidth, fullHeight, width, height, kernel] {
+        return resizeExactly(
+            reopenForResize(source, fullWidth, fullHeight, width, height).image, width, height,
+            kernel);
+    };
 }
 
 void ImagingControl::copyToClipboard() {
@@ -174,6 +229,8 @@ void ImagingControl::undo() {
     VImage previous = m_undo.back();
     m_undo.clear();
     m_image = previous;
+    m_streamed = false;
+    m_consumed = false;
     m_bitsPerPixel = bitsPerPixelOf(m_image);
 }
 
@@ -198,6 +255,9 @@ void ImagingControl::setFileName(const std::string& name) {
             path = trimmed;
         m_undo.clear();
         m_planes.clear();
+        m_streamed = false;
+        m_consumed = false;
+        m_restream = nullptr;
         LoadResult loaded;
         try {
             loaded = loadImage(path, page);
@@ -241,15 +301,23 @@ void ImagingControl::saveFile() {
         o.keepMetadata = storedBool("KeepMetadata");
         o.bitsPerPixel = m_bitsPerPixel;
         o.greyPalette = m_greyPalette;
-        const VImage& current = image();
+        if (!m_hasImage) fail(ErrorCode::NoImage, "load a file first");
         std::error_code ec;
         namespace fs = std::filesystem;
         // Overwriting the photo being read: decode it fully first, so that nothing reads the
         // file again after it has been replaced.
         if (!m_source.nativePath.empty() &&
             fs::equivalent(m_source.nativePath, diskPath(target), ec))
-            m_image = current.copy_memory();
-        saveImage(m_image, target, storedInt("SaveFileType"), o, m_fileName);
+            m_image = image().copy_memory();
+        bool streamed = m_streamed;
+        try {
+            saveImage(imageForSave(), target, storedInt("SaveFileType"), o, m_fileName);
+        } catch (const ImagingError& e) {
+            // A streamed save fails alike for a damaged photo and for the target; decoding the
+            // photo alone tells which (and raises DamagedImage naming it).
+            if (streamed && e.code() != ErrorCode::DamagedImage) materialise();
+            throw;
+        }
     });
 }
 

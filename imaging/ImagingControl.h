@@ -60,8 +60,13 @@ public:
     int32_t numPages(const std::string& fileName);
 
     // The current image. setImage records the undo snapshot and marks the image changed.
+    // width() and height() read 0 without an image.
     bool hasImage() const { return m_hasImage; }
     const vips::VImage& image() const;
+    int32_t width() const { return m_hasImage ? m_image.width() : 0; }
+    int32_t height() const { return m_hasImage ? m_image.height() : 0; }
+    // Whether the image is still a one-pass pipeline from its file (see resizeTo).
+    bool isStreamed() const { return m_streamed; }
     void setImage(vips::VImage image);
     // Replaces the image by a resized one; uses shrink-on-load when the image is an untouched JPEG.
     void resizeTo(int32_t width, int32_t height, bool smooth);
@@ -107,9 +112,21 @@ public:
 private:
     template <class F> void guarded(std::string_view what, F&& body, bool clearsError = true);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
+    void materialise() const;
+    void restreamIfConsumed() const;
+    const vips::VImage& imageForSave();
 
     std::string m_fileName;
-    vips::VImage m_image;
+    // A resize of an untouched JPEG leaves m_image as a pipeline that decodes the file
+    // sequentially (at a reduced scale when that is enough) and resizes it (m_streamed): a save
+    // then decodes, resizes and encodes in one pass, decoding and encoding overlapping on two
+    // cores. Such a pipeline can be read only once, top to bottom. Whatever else needs the
+    // pixels gets them through image(), which first keeps the small result in memory; once a
+    // save has read the pipeline (m_consumed), m_restream builds it again from the file.
+    mutable vips::VImage m_image;
+    mutable bool m_streamed = false;
+    mutable bool m_consumed = false;
+    std::function<vips::VImage()> m_restream;
     bool m_hasImage = false;
     SourceInfo m_source;
     std::vector<vips::VImage> m_undo;

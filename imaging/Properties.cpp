@@ -96,7 +96,7 @@ const PropertyDef kState[] = {
 #define AREA(field) [](ImagingControl& c) -> Arg { return c.area().field; }
 #define ADJUST(field) [](ImagingControl& c) -> Arg { return c.adjust.field; }
 // Without an image the size reads 0, as scripts test before they divide by it.
-#define IMG(expr) [](ImagingControl& c) -> Arg { return c.hasImage() ? int32_t(c.image().expr) : 0; }
+#define IMG(expr) [](ImagingControl& c) -> Arg { return c.expr; }
 
 const PropertyDef kInfo[] = {
     {"ImagWidth", T::Long, Access::Read, 0, 0, 0, "width of the image in pixels", IMG(width())},

@@ -28,10 +28,18 @@ std::filesystem::path diskPath(std::string_view scriptPath);
 LoadResult loadImage(const std::string& scriptPath, int32_t page);
 int32_t countPages(const std::string& scriptPath);
 
-// For an untouched JPEG: decodes it again at the largest DCT scale that keeps it at least
-// width x height (upright). Returns an empty image when no reduced scale applies.
-vips::VImage reopenShrunk(const SourceInfo& source, const vips::VImage& current, int32_t width,
-                          int32_t height);
+// For an untouched JPEG of fullWidth x fullHeight (upright) about to be resized to width x
+// height: opens the file again, decoded at the largest DCT scale that keeps it at least that
+// large, upright. A photo that needs no turning is opened for one top-to-bottom read
+// (sequential), so it can stream into the resize and the encoder; a turned one is decoded whole
+// at the reduced scale. An empty image when reopening gains nothing.
+struct Reopened {
+    vips::VImage image;
+    int shrink = 1;
+    bool sequential = false;
+};
+Reopened reopenForResize(const SourceInfo& source, int32_t fullWidth, int32_t fullHeight,
+                         int32_t width, int32_t height);
 
 int32_t bitsPerPixelOf(const vips::VImage& image);
 

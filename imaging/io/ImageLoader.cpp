@@ -220,25 +220,26 @@ int32_t countPages(const std::string& scriptPath) {
     }
 }
 
-vips::VImage reopenShrunk(const SourceInfo& source, const vips::VImage& current, int32_t width,
-                          int32_t height) {
+Reopened reopenForResize(const SourceInfo& source, int32_t fullWidth, int32_t fullHeight,
+                         int32_t width, int32_t height) {
     if (!source.untouched || !source.format || source.format->code != format::Jpeg) return {};
     // The DCT scale works on the stored orientation; compare against the upright size.
     int shrink = 1;
     for (int s : {8, 4, 2}) {
-        if ((current.width() + s - 1) / s >= width && (current.height() + s - 1) / s >= height) {
+        if ((fullWidth + s - 1) / s >= width && (fullHeight + s - 1) / s >= height) {
             shrink = s;
             break;
         }
     }
-    if (shrink == 1) return {};
-    auto access = source.orientation == 1 ? VIPS_ACCESS_SEQUENTIAL : VIPS_ACCESS_RANDOM;
+    bool sequential = source.orientation == 1;
+    if (shrink == 1 && !sequential) return {};
+    auto access = sequential ? VIPS_ACCESS_SEQUENTIAL : VIPS_ACCESS_RANDOM;
     vips::VImage image = vips::VImage::jpegload(source.nativePath.c_str(),
                                                 vips::VImage::option()
                                                     ->set("shrink", shrink)
                                                     ->set("access", access)
                                                     ->set("fail_on", VIPS_FAIL_ON_TRUNCATED));
-    return source.orientation > 1 ? image.autorot() : image;
+    return {sequential ? image : image.autorot(), shrink, sequential};
 }
 
 } // namespace imaging

@@ -59,13 +59,19 @@ TEST(ImagingControl, ShrinkOnLoadPicksTheLargestScaleAboveTheTarget) {
     testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
     testsupport::writeJpeg(dir.str("turned.jpg"), 2000, 1500, 6);
     LoadResult big = loadImage(dir.str("big.jpg"), 0);
-    VImage shrunk = reopenShrunk(big.source, big.image, 400, 300);
-    EXPECT_EQ(shrunk.width(), 500); // 1/4 scale; 1/8 would give 250, below 400
-    EXPECT_TRUE(reopenShrunk(big.source, big.image, 1200, 900).is_null());
+    Reopened shrunk = reopenForResize(big.source, 2000, 1500, 400, 300);
+    EXPECT_EQ(shrunk.image.width(), 500); // 1/4 scale; 1/8 would give 250, below 400
+    EXPECT_EQ(shrunk.shrink, 4);
+    EXPECT_TRUE(shrunk.sequential);
+    Reopened full = reopenForResize(big.source, 2000, 1500, 1200, 900);
+    EXPECT_EQ(full.shrink, 1); // no reduced scale, but still one top-to-bottom read
+    EXPECT_EQ(full.image.width(), 2000);
     LoadResult turned = loadImage(dir.str("turned.jpg"), 0);
-    VImage upright = reopenShrunk(turned.source, turned.image, 300, 400);
-    EXPECT_EQ(upright.width(), 375);
-    EXPECT_EQ(upright.height(), 500);
+    Reopened upright = reopenForResize(turned.source, 1500, 2000, 300, 400);
+    EXPECT_EQ(upright.image.width(), 375);
+    EXPECT_EQ(upright.image.height(), 500);
+    EXPECT_FALSE(upright.sequential);
+    EXPECT_TRUE(reopenForResize(turned.source, 1500, 2000, 1200, 1600).image.is_null());
 
     ImagingControl c;
     c.setFileName(dir.str("turned.jpg"));
