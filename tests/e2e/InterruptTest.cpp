@@ -32,6 +32,7 @@ TEST_F(E2eTest, CtrlCEndsAScriptLoopingForEverInMain) {
     EXPECT_EQ(r.status, 130) << describe(r);
     EXPECT_LT(r.seconds - r.signalSentAt, kPromptly) << describe(r);
     EXPECT_NE(r.err.find("vantorel: interrupted"), std::string::npos) << r.err;
+    EXPECT_EQ(entries(), (QStringList{".config", "loop.txt"})); // nothing left behind
 }
 
 TEST_F(E2eTest, SigtermEndsTheRunWithItsOwnStatus) {
