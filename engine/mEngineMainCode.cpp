@@ -57,7 +57,11 @@ QString buildMainCode(const QString& line, bool* hasSource, const Warn& warn) {
         if (!mFile::FileExists(entry)) {
             const QString inLastFolder = mFile::AddBackslash(lastFolder) + entry;
             if (!entry.trimmed().isEmpty() && !mFile::FileExists(inLastFolder))
-                tell(warn, QStringLiteral("photo not found: %1 (/files:)").arg(entry.trimmed()));
+                tell(warn,
+                     mFile::FolderExists(entry)
+                         ? QStringLiteral("%1 is a folder: /folder: takes folders (/files:)")
+                               .arg(entry.trimmed())
+                         : QStringLiteral("photo not found: %1 (/files:)").arg(entry.trimmed()));
             entry = mFile::FileExists(inLastFolder) ? inLastFolder : QString();
         }
         if (!entry.isEmpty()) lastFolder = mFile::GetPathPart(entry, 1);

@@ -232,6 +232,12 @@ TEST_F(PrepareRun, WhatIsLeftOutSilentlyIsToldToTheWarningSink) {
                                      "no photo to process"}));
 
     warnings.clear();
+    prepare("/files:" + tree.path("p") + " /fx.Blur");
+    EXPECT_EQ(warnings,
+              (QStringList{tree.path("p") + " is a folder: /folder: takes folders (/files:)",
+                           "no photo to process"}));
+
+    warnings.clear();
     options.programFolder = tree.path("elsewhere");
     prepare("/fx.Blur");
     ASSERT_EQ(warnings.size(), 1);
