@@ -9,6 +9,7 @@
 
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "platform/Interrupt.h"
 
 namespace imaging {
 
@@ -186,20 +187,32 @@ VImage appendPage(const fs::path& native, const VImage& page, int& pageHeight) {
     return base.cast(VIPS_FORMAT_UCHAR).join(add.cast(VIPS_FORMAT_UCHAR), VIPS_DIRECTION_VERTICAL);
 }
 
-void syncPath(const fs::path& p, int flags) {
-    int fd = ::open(p.c_str(), flags);
+// Flushes the written file before it is renamed over the target: otherwise a crash soon after
+// the rename can leave the target empty on file systems that write data after metadata. It costs
+// 0.1 to 4 ms per photo here (a few per cent of a fit-and-save job). The folder is not flushed
+// after the rename: that would only make the new name durable, and a rename lost in a crash
+// leaves the previous file, which is whole.
+void syncFile(const fs::path& p) {
+    int fd = ::open(p.c_str(), O_RDONLY);
     if (fd >= 0) {
         ::fsync(fd);
         ::close(fd);
     }
 }
 
+// Registered so that an interrupted batch removes it.
 fs::path makeTemp(const fs::path& folder) {
-    std::string pattern = (folder / ".vantorel-save-XXXXXX").string();
-    int fd = ::mkstemp(pattern.data());
-    if (fd < 0) fail(ErrorCode::CannotWrite, "cannot create a file in " + folder.string());
-    ::close(fd);
-    return pattern;
+    fs::path temp = Interrupt::createTempFile(folder, ".vantorel-save-");
+    if (temp.empty())
+        fail(ErrorCode::CannotWrite, "cannot create a file in " + folder.string() + " (" +
+                                         std::strerror(errno) + ")");
+    return temp;
+}
+
+void removeTemp(const fs::path& temp) {
+    std::error_code ec;
+    fs::remove(temp, ec);
+    Interrupt::releaseTempFile(temp);
 }
 
 } // namespace
@@ -232,7 +245,7 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
         bool paged = f.code == format::Tiff || f.code == format::Gif || f.code == format::Dcx;
         if (o.multiPage && exists && paged) ready = appendPage(native, ready, pageHeight);
         write(ready, f, o, temp.c_str(), pageHeight);
-        syncPath(temp, O_RDONLY);
+        syncFile(temp);
         if (exists)
             ::chmod(temp.c_str(), st.st_mode & 07777);
         else
@@ -244,15 +257,15 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
                 }());
         if (::rename(temp.c_str(), native.c_str()) != 0)
             fail(ErrorCode::CannotWrite, scriptPath + " (" + std::strerror(errno) + ")");
-        syncPath(folder, O_RDONLY | O_DIRECTORY);
+        Interrupt::releaseTempFile(temp);
     } catch (const vips::VError& e) {
-        fs::remove(temp, ec);
+        removeTemp(temp);
         if (!sourceName.empty() && isDecodeFailure(e.what()))
             failFromVips(ErrorCode::DamagedImage,
                          sourceName + ", found while writing " + scriptPath, e);
         failFromVips(ErrorCode::CannotWrite, scriptPath, e);
     } catch (...) {
-        fs::remove(temp, ec);
+        removeTemp(temp);
         throw;
     }
 }

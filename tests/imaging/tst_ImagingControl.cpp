@@ -5,6 +5,7 @@
 #include "ImagingTestSupport.h"
 #include "imaging/ImagingControl.h"
 #include "imaging/io/ImageIo.h"
+#include "platform/Interrupt.h"
 
 using namespace imaging;
 using testsupport::TempDir;
@@ -183,4 +184,18 @@ TEST(ImagingControl, AreaAwareOperationsTouchOnlyTheProcessingArea) {
     run(c, "Rotate", {90.0});
     EXPECT_EQ(c.image().width(), 48);
     EXPECT_EQ(c.property("IPAreaWidth"), Arg(int32_t(20)));
+}
+
+TEST(ImagingControl, ASaveRegistersItsTemporaryFileOnlyWhileWriting) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("p.jpg"), 400, 300);
+    ImagingControl c;
+    c.setFileName(dir.str("p.jpg"));
+    c.setProperty("SaveFileName", dir.str("out.jpg"));
+    c.saveFile();
+    EXPECT_EQ(Interrupt::registeredTempFiles(), 0);
+    c.setProperty("SaveFileName", dir.str("big.ico")); // ICO holds at most 256 x 256 pixels
+    EXPECT_THROW(c.saveFile(), ImagingError);
+    EXPECT_EQ(Interrupt::registeredTempFiles(), 0);
+    EXPECT_EQ(dir.entries().size(), 2u); // the photo and out.jpg, no temporary file
 }
