@@ -113,7 +113,6 @@ public:
 
     // Interpreter (Interpreter*.cpp).
     Value callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args);
-    Value callValue(const Value& callee, std::span<Value*> args); // GetRef objects, defaults
     Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
     void runTerminate(ClassInstance* instance) noexcept;
     // Arrays and default members, shared with ClassInstance.
@@ -208,7 +207,6 @@ private:
     std::vector<Ref<Dispatch>> m_memberObjects;
     std::vector<std::shared_ptr<Program>> m_programs;
     std::vector<String> m_chunkSources;
-    std::shared_ptr<Program> m_runningProgram;
 
     std::unique_ptr<Value[]> m_stack;
     size_t m_stackSize = 0;

@@ -310,11 +310,6 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
     return {};
 }
 
-Value Engine::callValue(const Value& callee, std::span<Value*> args)
-{
-    return indexValue(callee, args, false);
-}
-
 void Engine::assignTo(const Expr* target, Value value, bool isSet)
 {
     if (isSet) {

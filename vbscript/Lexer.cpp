@@ -352,14 +352,4 @@ std::vector<Token> lex(std::u16string_view source)
     return Lexer(source).run();
 }
 
-const char16_t* tokenName(Tok kind)
-{
-    switch (kind) {
-    case Tok::End: return u"end of script";
-    case Tok::NewLine: return u"end of line";
-    case Tok::Identifier: return u"identifier";
-    default: return u"token";
-    }
-}
-
 } // namespace vbs

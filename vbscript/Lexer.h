@@ -31,6 +31,5 @@ struct Token {
 // Lexes the whole text; throws a located ScriptError (1032, 1033, 1031, ...) on bad input.
 std::vector<Token> lex(std::u16string_view source);
 
-const char16_t* tokenName(Tok kind);
 
 } // namespace vbs
