@@ -9,6 +9,7 @@
 #include <poll.h>
 #include <pty.h>
 #include <spawn.h>
+#include <stdlib.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -168,6 +169,13 @@ bool endsInPrompt(const std::string& text, size_t from) {
 }
 
 } // namespace
+
+bool terminalsAvailable() {
+    const int fd = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (fd < 0) return false;
+    ::close(fd);
+    return true;
+}
 
 ProcessResult runInTerminal(const std::string& program, const std::vector<std::string>& args,
                             std::vector<std::string> answers, const ProcessOptions& options) {

@@ -34,6 +34,9 @@ struct ProcessOptions {
 ProcessResult runProgram(const std::string& program, const std::vector<std::string>& args,
                          const ProcessOptions& options = {});
 
+// Whether this machine offers pseudo-terminals (some containers do not).
+bool terminalsAvailable();
+
 // Runs it with stdin, stdout and stderr on one pseudo-terminal. Each time the output so far
 // ends in a prompt ("? " after the last line break), the next of `answers` is typed with Enter.
 ProcessResult runInTerminal(const std::string& program, const std::vector<std::string>& args,
