@@ -52,6 +52,13 @@ struct BuiltinDef {
     Value (*fn)(CallContext&, std::span<Value*> args);
 };
 
+// A class the host or library provides for "New Name" (RegExp); script classes of the same
+// name come first.
+struct NativeClassDef {
+    std::u16string_view name;
+    Ref<Dispatch> (*create)();
+};
+
 // A named constant (vbCrLf, vbTextCompare, ...).
 struct ConstantDef {
     std::u16string_view name;

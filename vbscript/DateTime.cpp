@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <ctime>
 #include <vector>
 
 namespace vbs {
@@ -115,7 +116,27 @@ namespace {
 struct DateToken {
     enum Kind { Number, Month, AmPm, Sep, Colon } kind;
     int value;
+    int digits = 0; // how a number was written: 1- and 2-digit years are windowed
 };
+
+const char* const kWeekdays[7] = {"sunday", "monday", "tuesday", "wednesday", "thursday", "friday",
+    "saturday"};
+
+bool isWeekdayName(const std::string& word)
+{
+    for (const char* name : kWeekdays)
+        if (word.size() >= 3 && std::string(name).compare(0, word.size(), word) == 0)
+            return true;
+    return false;
+}
+
+int currentYear()
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local.tm_year + 1900;
+}
 
 bool tokenizeDate(std::u16string_view t, std::vector<DateToken>& out)
 {
@@ -130,7 +151,7 @@ bool tokenizeDate(std::u16string_view t, std::vector<DateToken>& out)
                 v = v * 10 + (t[i] - '0');
                 ++i; ++n;
             }
-            out.push_back({DateToken::Number, v});
+            out.push_back({DateToken::Number, v, int(n)});
         } else if (c == '/' || c == '-' || c == '.') {
             out.push_back({DateToken::Sep, 0}); ++i;
         } else if (c == ':') {
@@ -143,6 +164,8 @@ bool tokenizeDate(std::u16string_view t, std::vector<DateToken>& out)
                 out.push_back({DateToken::AmPm, word[0] == 'p' ? 1 : 0});
                 continue;
             }
+            if (isWeekdayName(word))
+                continue; // "Thursday, January 2, 2003": the weekday adds nothing
             int month = 0;
             for (int m = 0; m < 12 && !month; ++m) {
                 const std::string name = kMonths[m];
@@ -166,11 +189,12 @@ bool validDay(int y, int m, int d)
     return splitOleDate(makeOleDate(y, m, d)).month == m;
 }
 
-int fullYear(int y, bool written4)
+// Years written with one or two digits are windowed to 1930-2029; others are taken as written.
+int fullYear(const DateToken& t)
 {
-    if (written4)
-        return y;
-    return y < 30 ? 2000 + y : 1900 + y;
+    if (t.digits > 2)
+        return t.value;
+    return t.value < 30 ? 2000 + t.value : 1900 + t.value;
 }
 
 } // namespace
@@ -217,10 +241,10 @@ bool Value::parseDate(std::u16string_view text, double& out)
         if (h > 23 || mi > 59 || s > 59) return false;
         timePart = makeOleTime(h, mi, s);
     }
-    std::vector<int> nums;
+    std::vector<DateToken> nums;
     int month = 0;
     for (const auto& t : dateToks) {
-        if (t.kind == DateToken::Number) nums.push_back(t.value);
+        if (t.kind == DateToken::Number) nums.push_back(t);
         else if (t.kind == DateToken::Month) { if (month) return false; month = t.value; }
     }
     if (dateToks.empty()) {
@@ -229,26 +253,29 @@ bool Value::parseDate(std::u16string_view text, double& out)
         return true;
     }
     int y, m, d;
-    const auto digitsOf = [](int v) { return v >= 1000; };
     if (month) {
-        // "January 2, 2026", "2 Jan 2026", "Jan 2026"
+        m = month;
         if (nums.size() == 2) {
-            m = month;
-            if (digitsOf(nums[0])) { y = nums[0]; d = nums[1]; }
-            else { d = nums[0]; y = fullYear(nums[1], digitsOf(nums[1])); }
+            // "January 2, 2026", "2 Jan 2026", "2026 Jan 2"
+            if (nums[0].digits > 2) { y = nums[0].value; d = nums[1].value; }
+            else { d = nums[0].value; y = fullYear(nums[1]); }
+        } else if (nums.size() == 1) {
+            // "March 2003" (a year: the first of the month) or "Dec 25" (a day of this year)
+            if (nums[0].digits > 2 || nums[0].value > 31) { y = fullYear(nums[0]); d = 1; }
+            else { d = nums[0].value; y = currentYear(); }
         } else {
-            // Without a year VBScript takes the current one; the engine has no clock here.
             return false;
         }
     } else if (nums.size() == 3) {
-        if (digitsOf(nums[0])) { y = nums[0]; m = nums[1]; d = nums[2]; }           // y-m-d
+        if (nums[0].digits > 2) { y = nums[0].value; m = nums[1].value; d = nums[2].value; } // y-m-d
         else {
-            m = nums[0]; d = nums[1]; y = fullYear(nums[2], digitsOf(nums[2]));      // m/d/y
-            if (!validDay(y, m, d) && validDay(y, d, m)) std::swap(m, d);           // d/m/y
+            m = nums[0].value; d = nums[1].value; y = fullYear(nums[2]);                     // m/d/y
+            if (!validDay(y, m, d) && validDay(y, d, m)) std::swap(m, d);                    // d/m/y
         }
     } else if (nums.size() == 2) {
-        // "1/2" is month/day of the current year; not supported without a clock here.
-        return false;
+        // "1/2": month and day of this year; "1/2026": the first of that month
+        if (nums[1].digits > 2) { m = nums[0].value; d = 1; y = nums[1].value; }
+        else { m = nums[0].value; d = nums[1].value; y = currentYear(); }
     } else {
         return false;
     }

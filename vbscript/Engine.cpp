@@ -89,6 +89,14 @@ void Engine::registerConstant(std::u16string_view name, Value value)
     g.value = std::move(value);
 }
 
+void Engine::registerNativeClass(std::u16string_view name, Ref<Dispatch> (*create)())
+{
+    m_nativeClasses.emplace_back(String(name), create);
+    GlobalSlot& g = global(globalSlot(name));
+    g.kind = GlobalSlot::Kind::NativeClass;
+    g.create = create;
+}
+
 void Engine::addObject(const String& name, Ref<Dispatch> object, bool addMembers)
 {
     if (addMembers)
@@ -125,6 +133,9 @@ void Engine::reset()
     const auto constants = std::move(m_constants);
     for (const auto& [name, value] : constants)
         registerConstant(name, value);
+    const auto classes = std::move(m_nativeClasses);
+    for (const auto& [name, create] : classes)
+        registerNativeClass(name, create);
     addObject(u"Err", m_err);
 }
 

@@ -18,13 +18,14 @@ class ErrObject;
 struct ScriptInterrupted {};
 
 struct GlobalSlot {
-    enum class Kind : uint8_t { Undeclared, Variable, Const, Procedure, Builtin, Class, Object };
+    enum class Kind : uint8_t { Undeclared, Variable, Const, Procedure, Builtin, Class, NativeClass, Object };
     Kind kind = Kind::Undeclared;
     String name;
     Value value;
     Procedure* proc = nullptr;
     const BuiltinDef* builtin = nullptr;
     ClassDef* cls = nullptr;
+    Ref<Dispatch> (*create)() = nullptr; // NativeClass
     std::shared_ptr<Program> program; // keeps a class or procedure alive
 };
 
@@ -82,6 +83,7 @@ public:
     GlobalSlot& global(int i) { return m_globals[size_t(i)]; }
     void registerBuiltin(const BuiltinDef& def);
     void registerConstant(std::u16string_view name, Value value);
+    void registerNativeClass(std::u16string_view name, Ref<Dispatch> (*create)());
     void addObject(const String& name, Ref<Dispatch> object, bool addMembers = false);
     // A name no script declares may be a member of an object added with addMembers.
     bool globalMember(const String& name, InvokeKind kind, std::span<Value*> args, Value& out);
@@ -204,6 +206,7 @@ private:
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset
     std::vector<std::pair<String, Value>> m_constants;
+    std::vector<std::pair<String, Ref<Dispatch> (*)()>> m_nativeClasses;
     std::vector<Ref<Dispatch>> m_memberObjects;
     std::vector<std::shared_ptr<Program>> m_programs;
     std::vector<String> m_chunkSources;

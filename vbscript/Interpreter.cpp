@@ -295,6 +295,12 @@ Value* Engine::variableRef(const Expr* e, RefMode mode)
 Value Engine::evalNew(const NewExpr* e)
 {
     GlobalSlot& g = global(e->slot);
+    if (g.kind == GlobalSlot::Kind::NativeClass) {
+        Ref<Dispatch> object = g.create();
+        if (!object)
+            raiseNamed(ErrorCode::CantCreateObject, e->className);
+        return Value(object);
+    }
     if (g.kind != GlobalSlot::Kind::Class)
         raiseNamed(ErrorCode::ClassNotDefined, e->className);
     return newInstance(g.cls, g.program);

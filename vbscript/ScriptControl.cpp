@@ -151,6 +151,17 @@ void ScriptControl::registerConstants(std::span<const ConstantDef> table)
         m_engine->registerConstant(def.name, def.make());
 }
 
+void ScriptControl::registerClasses(std::span<const NativeClassDef> table)
+{
+    for (const auto& def : table)
+        m_engine->registerNativeClass(def.name, def.create);
+}
+
+void ScriptControl::registerClass(std::u16string_view name, Ref<Dispatch> (*create)())
+{
+    m_engine->registerNativeClass(name, create);
+}
+
 void ScriptControl::registerConstant(std::u16string_view name, Value value)
 {
     m_engine->registerConstant(name, std::move(value));

@@ -61,6 +61,9 @@ public:
     void registerBuiltins(std::span<const BuiltinDef> table);
     void registerConstants(std::span<const ConstantDef> table);
     void registerConstant(std::u16string_view name, Value value);
+    // Classes for "New Name" implemented in C++; kept across reset() like built-ins.
+    void registerClasses(std::span<const NativeClassDef> table);
+    void registerClass(std::u16string_view name, Ref<Dispatch> (*create)());
 
     // The engine behind the control (for built-ins that need more than CallContext offers).
     Engine& engine() const { return *m_engine; }

@@ -62,6 +62,13 @@ Value fnTwice(CallContext&, std::span<Value*> args)
 
 const BuiltinDef kTestBuiltins[] = {{u"Twice", 1, 1, fnTwice}};
 
+Ref<Dispatch> createProbe()
+{
+    return makeRef<Probe>();
+}
+
+const NativeClassDef kTestClasses[] = {{u"Probe", createProbe}};
+
 } // namespace
 
 TEST(ScriptControl, HostObjectMembersAndByRef)
@@ -175,6 +182,21 @@ TEST(ScriptControl, RunawayStringsAndArraysAreErrors)
     EXPECT_EQ(sc.error().number, 14);
     EXPECT_FALSE(sc.addCode(u"ReDim a(100000, 100000)"));
     EXPECT_EQ(sc.error().number, 7);
+}
+
+TEST(ScriptControl, NativeClassesForNew)
+{
+    ScriptControl sc;
+    sc.registerClasses(kTestClasses);
+    sc.reset(); // kept across a reset
+    Value r;
+    ASSERT_TRUE(sc.addCode(u"Dim p : Set p = New probe : p.Level = 3"));
+    ASSERT_TRUE(sc.eval(u"p.Level", &r));
+    EXPECT_EQ(r.toLong(), 3);
+    // A script class of the same name wins.
+    ASSERT_TRUE(sc.addCode(u"Class Probe\nPublic Level\nEnd Class\nSet p = New Probe"));
+    ASSERT_TRUE(sc.eval(u"p.Level", &r));
+    EXPECT_TRUE(r.isEmpty());
 }
 
 TEST(ScriptControl, LanguageIsVBScriptOnly)
