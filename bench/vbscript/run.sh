@@ -26,12 +26,28 @@ best() {
     done
     echo "$b"
 }
-printf '%-10s %10s %10s %8s\n' loop vbsrun_s python3_s ratio
+# cycles TOOL FILE: CPU cycles of one run when perf is there (steadier than times on a busy box).
+cycles() {
+    perf stat -x, -e cycles "$1" "$2" 2>&1 >/dev/null | awk -F, '/cycles/ { print $1 }'
+}
+have_perf=no
+if command -v perf >/dev/null 2>&1 && [ -n "$(cycles python3 "$here/calls.py" 2>/dev/null)" ]; then
+    have_perf=yes
+fi
+printf '%-10s %10s %10s %8s' loop vbsrun_s python3_s ratio
+[ $have_perf = yes ] && printf ' %12s' cycle_ratio
+printf '\n'
 for name in arith strings arrays calls objects; do
     out_v=$("$vbsrun" "$here/$name.vbs")
     out_p=$(python3 "$here/$name.py")
     [ "$out_v" = "$out_p" ] || echo "  note: outputs differ for $name: '$out_v' vs '$out_p'"
     v=$(best "$vbsrun" "$here/$name.vbs")
     p=$(best python3 "$here/$name.py")
-    awk -v n="$name" -v v="$v" -v p="$p" 'BEGIN { printf "%-10s %10.3f %10.3f %8.2f\n", n, v, p, v / p }'
+    awk -v n="$name" -v v="$v" -v p="$p" 'BEGIN { printf "%-10s %10.3f %10.3f %8.2f", n, v, p, v / p }'
+    if [ $have_perf = yes ]; then
+        cv=$(cycles "$vbsrun" "$here/$name.vbs")
+        cp=$(cycles python3 "$here/$name.py")
+        awk -v a="$cv" -v b="$cp" 'BEGIN { printf " %12.2f", a / b }'
+    fi
+    printf '\n'
 done
