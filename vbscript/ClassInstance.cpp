@@ -67,6 +67,12 @@ Value ClassInstance::invoke(int memberId, InvokeKind kind, std::span<Value*> arg
     if (!proc)
         throw ScriptError(int32_t(ErrorCode::NoSuchMember), errorMessage(ErrorCode::NoSuchMember) + u": '" + m.name + u"'");
     Ref<Object> keep(this);
+    if (!args.empty() && proc->params.empty()
+        && (kind == InvokeKind::PropertyGet || kind == InvokeKind::Method)) {
+        // obj.Items(2) where Items takes no arguments: index what it returns.
+        const Value result = m_engine.callProcedure(proc, this, {});
+        return m_engine.indexValue(result, args, false);
+    }
     return m_engine.callProcedure(proc, this, args);
 }
 
