@@ -48,6 +48,13 @@ Flow Engine::execBlock(const Block& block)
             if (!m_frame->resumeNext)
                 throw e;
             noteError(e);
+        } catch (const std::exception& ex) {
+            // A host object that failed with a C++ exception: an automation error with its text.
+            ScriptError e(int32_t(ErrorCode::AutomationError), fromUtf8(ex.what()));
+            locate(e, s->line, s->column);
+            if (!m_frame->resumeNext)
+                throw e;
+            noteError(e);
         }
     }
     return Flow::Normal;

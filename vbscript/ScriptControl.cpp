@@ -76,6 +76,11 @@ bool ScriptControl::guarded(Fn&& fn)
         info.number = int32_t(ErrorCode::OutOfMemory);
         info.description = errorMessage(ErrorCode::OutOfMemory);
         info.source = defaultErrorSource(info.number);
+    } catch (const std::exception& e) {
+        info = ErrorInfo{};
+        info.number = int32_t(ErrorCode::AutomationError);
+        info.description = fromUtf8(e.what());
+        info.source = defaultErrorSource(info.number);
     }
     return false;
 }

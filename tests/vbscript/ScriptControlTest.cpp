@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <pthread.h>
+#include <stdexcept>
 
 using namespace vbs;
 
@@ -18,6 +19,7 @@ public:
         if (equalsNoCase(name, u"Double")) return 1;
         if (equalsNoCase(name, u"Fail")) return 2;
         if (equalsNoCase(name, u"Items")) return 3;
+        if (equalsNoCase(name, u"Throw")) return 4;
         return -1;
     }
     Value invoke(int id, InvokeKind kind, std::span<Value*> args) override
@@ -36,6 +38,8 @@ public:
             return {};
         case 2:
             throw ScriptError(20001, u"Probe failed", u"Probe");
+        case 4:
+            throw std::runtime_error("native failure");
         default:
             return Value::makeArray(std::vector<Value>{Value(1), Value(2)});
         }
@@ -110,6 +114,20 @@ TEST(ScriptControl, RunReportsErrorLocation)
     EXPECT_FALSE(sc.run(u"Other", {}));
     EXPECT_EQ(sc.error().number, 438);
     EXPECT_EQ(sc.error().line, 6);
+}
+
+TEST(ScriptControl, HostCppExceptionIsAnAutomationError)
+{
+    ScriptControl sc;
+    sc.addObject(u"fx", makeRef<Probe>());
+    EXPECT_FALSE(sc.addCode(u"Dim a\nfx.Throw"));
+    EXPECT_EQ(sc.error().number, 440);
+    EXPECT_EQ(sc.error().description, u"native failure");
+    EXPECT_EQ(sc.error().line, 2);
+    ASSERT_TRUE(sc.addCode(u"On Error Resume Next\nfx.Throw\nDim n : n = Err.Number"));
+    Value r;
+    ASSERT_TRUE(sc.eval(u"n", &r));
+    EXPECT_EQ(r.toLong(), 440);
 }
 
 TEST(ScriptControl, CompileErrorHasLineColumnAndText)
