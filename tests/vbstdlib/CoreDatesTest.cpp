@@ -79,8 +79,8 @@ TEST(CoreDates, RejectsNonDates) {
 }
 
 TEST(CoreDates, RoundTripsThroughText) {
-    for (double serial : {day(1900, 3, 1) + 0.25, day(2024, 2, 29) + 0.999988, day(1000, 1, 1),
-                          day(9999, 12, 31) + 0.5, -700.5}) {
+    for (double serial : {day(1900, 3, 1) + 0.25, day(2024, 2, 29) + 0.999988, day(100, 1, 1),
+                          day(1000, 1, 1), day(9999, 12, 31) + 0.5, -700.5}) {
         const auto back = parse(vbs::Value::formatDate(serial));
         ASSERT_TRUE(back) << serial;
         EXPECT_NEAR(*back, serial, 1.0 / 86400);
@@ -102,8 +102,8 @@ TEST(CoreDates, CalendarsAgree) {
     }
 }
 
-// Asked of the core's reader: FormatDateTime's long date and three-digit years read back.
-TEST(CoreDates, DISABLED_LongDateAndThreeDigitYears) {
+// FormatDateTime's long date, dates without a year or day, and three-digit years read back.
+TEST(CoreDates, LongDateAndThreeDigitYears) {
     EXPECT_EQ(parse(u"Thursday, January 2, 2003"), day(2003, 1, 2));
     EXPECT_EQ(parse(u"1/1/100"), day(100, 1, 1));
     EXPECT_EQ(parse(u"March 2003"), day(2003, 3, 1));
