@@ -1,6 +1,8 @@
 // Maps the system's "\" path form to native paths and back.
 #include "platform/NativePath.h"
 
+#include <glib.h>
+
 #include <cstdlib>
 #include <system_error>
 
@@ -13,15 +15,14 @@ std::string homeFolder() {
     return home && *home ? std::string(home) : std::string("/");
 }
 
-bool sameIgnoringAsciiCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (size_t i = 0; i < a.size(); ++i) {
-        unsigned char x = a[i], y = b[i];
-        if (x >= 'A' && x <= 'Z') x = x - 'A' + 'a';
-        if (y >= 'A' && y <= 'Z') y = y - 'A' + 'a';
-        if (x != y) return false;
-    }
-    return true;
+// Names compare as the user sees them: Unicode case folding, so "FÖTOS" finds "Fötos".
+bool sameIgnoringCase(const std::string& a, const std::string& b) {
+    gchar* fa = g_utf8_casefold(a.c_str(), static_cast<gssize>(a.size()));
+    gchar* fb = g_utf8_casefold(b.c_str(), static_cast<gssize>(b.size()));
+    bool same = g_strcmp0(fa, fb) == 0;
+    g_free(fa);
+    g_free(fb);
+    return same;
 }
 
 // The entry of folder whose name equals name without regard to case; the name itself when the
@@ -33,7 +34,7 @@ std::string matchInFolder(const fs::path& folder, const std::string& name) {
     if (ec) return name;
     for (const auto& entry : it) {
         std::string candidate = entry.path().filename().string();
-        if (sameIgnoringAsciiCase(candidate, name)) return candidate;
+        if (sameIgnoringCase(candidate, name)) return candidate;
     }
     return name;
 }

@@ -36,6 +36,13 @@ TEST_F(NativePathTest, MissingPathIsMatchedWithoutRegardToCase) {
     EXPECT_EQ(p, m_root / "Data" / "Template.txt");
 }
 
+TEST_F(NativePathTest, CaseIsFoldedBeyondAscii) {
+    fs::create_directories(m_root / "Fötos");
+    std::ofstream(m_root / "Fötos" / "Été.jpg") << "x";
+    EXPECT_EQ(NativePath::toNative(backslash(m_root) + "\\FÖTOS\\été.JPG"),
+              m_root / "Fötos" / "Été.jpg");
+}
+
 TEST_F(NativePathTest, UnknownTailIsKeptAsWrittenForNewFiles) {
     fs::path p = NativePath::toNative(backslash(m_root) + "\\DATA\\sub\\New\\out.JPG");
     EXPECT_EQ(p, m_root / "Data" / "Sub" / "New" / "out.JPG");
