@@ -135,6 +135,24 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
               53);
 }
 
+TEST_F(FileSystemObjectTest, FileMethods) {
+    writeBytes("a.jpg", "A");
+    fs::create_directory(m_dir / "out");
+    auto file = dispatchOf(call(u"GetFile", {Value(path(u"a.jpg"))}));
+    invoke(file, u"Copy", {Value(path(u"out\\"))});
+    EXPECT_EQ(readBytes("out/a.jpg"), "A");
+    EXPECT_EQ(errorOf([&] {
+                  invoke(file, u"Copy", {Value(path(u"out\\a.jpg")), Value(false)});
+              }),
+              58);
+    invoke(file, u"Move", {Value(path(u"b.jpg"))});
+    EXPECT_FALSE(fs::exists(m_dir / "a.jpg"));
+    EXPECT_EQ(get(file, u"Name").toString(), u"b.jpg");
+    invoke(file, u"Delete");
+    EXPECT_FALSE(fs::exists(m_dir / "b.jpg"));
+    EXPECT_EQ(errorOf([&] { invoke(file, u"Delete"); }), 53);
+}
+
 TEST_F(FileSystemObjectTest, TextStreams) {
     auto out = dispatchOf(call(u"CreateTextFile", {Value(path(u"list.txt"))}));
     invoke(out, u"WriteLine", {Value(u"caf\u00E9")});

@@ -61,6 +61,43 @@ double createdDate(const fs::path& native) {
 
 namespace {
 
+fs::path targetFor(const fs::path& file, const String& destination, bool intoFolder) {
+    const fs::path native = nativeOf(destination);
+    const bool endsInSeparator = destination.back() == u'\\' || destination.back() == u'/';
+    if (endsInSeparator || fs::is_directory(native) || intoFolder) {
+        if (!fs::is_directory(native)) raise(ErrorCode::PathNotFound);
+        return native / file.filename();
+    }
+    return native;
+}
+
+} // namespace
+
+fs::path copyOneFile(const fs::path& file, const String& destination, bool intoFolder,
+                     bool overwrite) {
+    const fs::path target = targetFor(file, destination, intoFolder);
+    if (fs::exists(target) && !overwrite) raise(ErrorCode::FileAlreadyExists);
+    std::error_code ec;
+    fs::copy_file(file, target, fs::copy_options::overwrite_existing, ec);
+    if (ec) raiseFileError(ec, ErrorCode::PathNotFound);
+    return target;
+}
+
+fs::path moveOneFile(const fs::path& file, const String& destination, bool intoFolder) {
+    const fs::path target = targetFor(file, destination, intoFolder);
+    if (fs::exists(target)) raise(ErrorCode::FileAlreadyExists);
+    std::error_code ec;
+    fs::rename(file, target, ec);
+    if (ec == std::errc::cross_device_link) {
+        ec.clear();
+        if (fs::copy_file(file, target, ec)) fs::remove(file, ec);
+    }
+    if (ec) raiseFileError(ec, ErrorCode::PathNotFound);
+    return target;
+}
+
+namespace {
+
 String nameOf(const fs::path& native) {
     return fromUtf8(native.filename().string());
 }
@@ -85,6 +122,9 @@ public:
             {u"DateCreated", 0, 0, &File::dateCreated, nullptr},
             {u"DateLastModified", 0, 0, &File::dateLastModified, nullptr},
             {u"ParentFolder", 0, 0, &File::parentFolder, nullptr},
+            {u"Copy", 1, 2, &File::copy, nullptr},
+            {u"Move", 1, 1, &File::move, nullptr},
+            {u"Delete", 0, 1, &File::remove, nullptr},
         };
         return table;
     }
@@ -100,7 +140,33 @@ public:
     Value dateLastModified(Args) { return Value::fromDate(modifiedDate(m_native)); }
     Value parentFolder(Args) { return Value(parentOf(m_native)); }
 
+    Value copy(Args a) {
+        copyOneFile(existing(), destinationArg(*a[0]), false,
+                    given(a, 1) ? a[1]->toBoolean() : true);
+        return Value();
+    }
+    // The object follows its file to the new place.
+    Value move(Args a) {
+        m_native = moveOneFile(existing(), destinationArg(*a[0]), false);
+        return Value();
+    }
+    Value remove(Args) {
+        std::error_code ec;
+        fs::remove(existing(), ec);
+        if (ec) raiseFileError(ec, ErrorCode::PathFileAccessError);
+        return Value();
+    }
+
 private:
+    const fs::path& existing() const {
+        if (!fs::is_regular_file(m_native)) raise(ErrorCode::FileNotFound);
+        return m_native;
+    }
+    static String destinationArg(const Value& v) {
+        String path = v.toString();
+        if (path.empty()) raise(ErrorCode::BadFileNameOrNumber);
+        return path;
+    }
     fs::path m_native;
 };
 

@@ -22,6 +22,12 @@ String scriptPathOf(const fs::path& native);
 // Raises the VBScript error for a failed file operation (53, 58, 70, 75, 76).
 [[noreturn]] void raiseFileError(const std::error_code& ec, ErrorCode fallback);
 
+// CopyFile/MoveFile of one file: a destination ending in a separator or naming a folder (or any
+// destination when several files go) receives the file under its own name. Returns the target.
+fs::path copyOneFile(const fs::path& file, const String& destination, bool intoFolder,
+                     bool overwrite);
+fs::path moveOneFile(const fs::path& file, const String& destination, bool intoFolder);
+
 Ref<Dispatch> makeFile(const fs::path& native);
 Ref<Dispatch> makeFolder(const fs::path& native);
 

@@ -106,16 +106,6 @@ std::vector<fs::path> sourceFiles(const String& source) {
     return files;
 }
 
-// A destination ending in a separator, or naming a folder, receives the file under its name.
-fs::path targetFor(const fs::path& file, const String& destination, bool many) {
-    const fs::path native = nativeOf(destination);
-    if (isSeparator(destination.back()) || fs::is_directory(native) || many) {
-        if (!fs::is_directory(native)) raise(ErrorCode::PathNotFound);
-        return native / file.filename();
-    }
-    return native;
-}
-
 class FileSystemObject : public TableDispatch<FileSystemObject> {
 public:
     String typeName() const override { return u"FileSystemObject"; }
@@ -189,30 +179,16 @@ public:
         const String destination = pathArg(*a[1]);
         const bool overwrite = boolArg(a, 2, true);
         const auto files = sourceFiles(pathArg(*a[0]));
-        for (const fs::path& file : files) {
-            const fs::path target = targetFor(file, destination, files.size() > 1);
-            if (fs::exists(target) && !overwrite) raise(ErrorCode::FileAlreadyExists);
-            std::error_code ec;
-            fs::copy_file(file, target, fs::copy_options::overwrite_existing, ec);
-            if (ec) raiseFileError(ec, ErrorCode::PathNotFound);
-        }
+        for (const fs::path& file : files)
+            copyOneFile(file, destination, files.size() > 1, overwrite);
         return Value();
     }
 
     Value moveFile(Args a) {
         const String destination = pathArg(*a[1]);
         const auto files = sourceFiles(pathArg(*a[0]));
-        for (const fs::path& file : files) {
-            const fs::path target = targetFor(file, destination, files.size() > 1);
-            if (fs::exists(target)) raise(ErrorCode::FileAlreadyExists);
-            std::error_code ec;
-            fs::rename(file, target, ec);
-            if (ec == std::errc::cross_device_link) {
-                ec.clear();
-                if (fs::copy_file(file, target, ec)) fs::remove(file, ec);
-            }
-            if (ec) raiseFileError(ec, ErrorCode::PathNotFound);
-        }
+        for (const fs::path& file : files)
+            moveOneFile(file, destination, files.size() > 1);
         return Value();
     }
 
