@@ -13,6 +13,10 @@ namespace fs = std::filesystem;
 
 namespace {
 
+fs::path nativeOfForTest(const String& path) {
+    return NativePath::toNative(vbs::toUtf8(path));
+}
+
 class FileSystemObjectTest : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -133,6 +137,17 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
                   call(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))});
               }),
               53);
+}
+
+TEST_F(FileSystemObjectTest, SpecialFolderAndTempName) {
+    auto temp = dispatchOf(call(u"GetSpecialFolder", {Value(int16_t(2))}));
+    EXPECT_TRUE(fs::is_directory(nativeOfForTest(get(temp, u"Path").toString())));
+    EXPECT_EQ(errorOf([&] { call(u"GetSpecialFolder", {Value(int16_t(0))}); }), 76);
+    EXPECT_EQ(errorOf([&] { call(u"GetSpecialFolder", {Value(int16_t(3))}); }), 5);
+    const String name = call(u"GetTempName").toString();
+    EXPECT_EQ(name.size(), 12u);
+    EXPECT_EQ(name.substr(0, 3), u"rad");
+    EXPECT_EQ(name.substr(8), u".tmp");
 }
 
 TEST_F(FileSystemObjectTest, FileMethods) {

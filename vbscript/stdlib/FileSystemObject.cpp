@@ -4,6 +4,8 @@
 
 #include "LibSupport.h"
 
+#include <random>
+
 namespace vbs::lib {
 
 namespace {
@@ -129,6 +131,8 @@ public:
             {u"DeleteFile", 1, 2, &F::deleteFile, nullptr},
             {u"OpenTextFile", 1, 4, &F::openTextFile, nullptr},
             {u"CreateTextFile", 1, 3, &F::createTextFile, nullptr},
+            {u"GetSpecialFolder", 1, 1, &F::getSpecialFolder, nullptr},
+            {u"GetTempName", 0, 0, &F::getTempName, nullptr},
         };
         return table;
     }
@@ -217,6 +221,24 @@ public:
         if (fs::exists(native) && !overwrite) raise(ErrorCode::FileAlreadyExists);
         requireParent(native);
         return Value(openTextStream(native, IoMode::Writing));
+    }
+
+    // Only the temporary folder (2) exists here; the Windows (0) and system (1) folders do not.
+    Value getSpecialFolder(Args a) {
+        const int32_t which = a[0]->toLong();
+        if (which < 0 || which > 2) invalidCall();
+        if (which != 2) raise(ErrorCode::PathNotFound);
+        return Value(makeFolder(fs::temp_directory_path()));
+    }
+
+    // "radXXXXX.tmp" with five random hexadecimal digits, as scripts expect the form.
+    Value getTempName(Args) {
+        static std::mt19937 random{std::random_device{}()};
+        static const char16_t* kDigits = u"0123456789ABCDEF";
+        String name = u"rad";
+        for (int i = 0; i < 5; ++i)
+            name += kDigits[random() % 16];
+        return Value(name + u".tmp");
     }
 
 private:
