@@ -289,12 +289,14 @@ private:
             ++m_pos;
             ++n;
         }
-        if (peek() == '&')
-            ++m_pos; // a trailing "&" marks a Long literal
+        if (peek() == '&') {
+            ++m_pos; // a trailing "&" marks a Long literal: &HFFFF& is 65535, not -1
+            t.isLong = true;
+        }
         if (n == 0 || isIdentChar(peek()))
             fail(ErrorCode::SyntaxError, t.line, t.column);
         // &HFFFF is the Integer -1; wider literals are Longs in two's complement.
-        if (v <= 0xFFFF)
+        if (v <= 0xFFFF && !t.isLong)
             t.number = double(int16_t(uint16_t(v)));
         else
             t.number = double(int32_t(uint32_t(v)));

@@ -196,7 +196,7 @@ ExprPtr Parser::parsePrimary()
     case Tok::Integer: {
         ++m_pos;
         const double d = t.number;
-        if (d >= -32768 && d <= 32767)
+        if (d >= -32768 && d <= 32767 && !t.isLong)
             return std::make_unique<LiteralExpr>(Value(int16_t(d)), true, t.line, t.column);
         return std::make_unique<LiteralExpr>(Value(int32_t(d)), true, t.line, t.column);
     }
