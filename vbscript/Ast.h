@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace vbs {
@@ -234,6 +235,7 @@ struct Procedure {
     std::unordered_map<String, std::pair<int, int>> implicitIndex;
     int resultSlot = -1;
     int localCount = 0;
+    std::unordered_set<String> execLocals; // folded names Dim'd by Execute'd code
 };
 
 struct FieldDecl {

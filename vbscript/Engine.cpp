@@ -181,6 +181,7 @@ std::shared_ptr<Program> Engine::compile(std::u16string_view code, bool expressi
 void Engine::runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame)
 {
     if (inCallerFrame && m_frame) {
+        growFrame(*m_frame);
         execBlock(program->top->body);
         return;
     }
@@ -195,6 +196,22 @@ void Engine::runTopLevel(const std::shared_ptr<Program>& program, bool inCallerF
         ~Restore() { e.m_frame = saved; }
     } restore{*this, saved};
     execBlock(program->top->body);
+}
+
+// A Dim in code Execute'd inside a procedure adds locals to it; the running call gets the new
+// slots too. Only the innermost call can grow: its slots end at the top of the stack.
+void Engine::growFrame(Frame& frame)
+{
+    const size_t want = frame.proc ? size_t(frame.proc->localCount) : 0;
+    if (want <= frame.size || !frame.vars)
+        return;
+    if (frame.vars + frame.size != m_stack.get() + m_sp)
+        raise(ErrorCode::InternalError);
+    const size_t extra = want - frame.size;
+    if (m_sp + extra > m_stackSize)
+        raise(ErrorCode::OutOfStackSpace);
+    m_sp += extra;
+    frame.size = want;
 }
 
 void Engine::checkStack()

@@ -63,6 +63,7 @@ private:
 struct Frame {
     Procedure* proc = nullptr;
     Value* vars = nullptr;
+    size_t size = 0; // slots of vars (Execute'd Dims may grow the innermost frame)
     Value** refs = nullptr;
     ClassInstance* me = nullptr;
     const Expr* node = nullptr; // the operation being run, for the error location
@@ -136,6 +137,7 @@ private:
     };
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
+    void growFrame(Frame& frame);
     void checkStack();
 
     // Statements.

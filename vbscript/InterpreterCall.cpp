@@ -275,6 +275,7 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
     Frame frame;
     frame.proc = proc;
     frame.vars = &m_stack[m_sp];
+    frame.size = n;
     frame.refs = &m_refStack[m_rsp];
     frame.me = me;
     frame.chunk = proc->chunk;
@@ -293,17 +294,17 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
         Engine& e;
         Frame& f;
         Frame* saved;
-        size_t n, np;
+        size_t np;
         ~Cleanup()
         {
             e.m_frame = saved;
-            for (size_t i = 0; i < n; ++i)
+            for (size_t i = 0; i < f.size; ++i)
                 f.vars[i].clear();
-            e.m_sp -= n;
+            e.m_sp -= f.size;
             e.m_rsp -= np;
             --e.m_depth;
         }
-    } cleanup{*this, frame, saved, n, np};
+    } cleanup{*this, frame, saved, np};
     execBlock(proc->body);
     if (proc->resultSlot >= 0)
         return std::move(frame.vars[proc->resultSlot]);
@@ -321,9 +322,23 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
     const InvokeKind kind = isSet ? InvokeKind::PropertySet : InvokeKind::PropertyLet;
     switch (target->kind) {
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: case ExprKind::Global:
-    case ExprKind::Implicit:
-        *variableRef(target, RefMode::Write) = std::move(value);
+    case ExprKind::Implicit: {
+        Value* var = variableRef(target, RefMode::Write);
+        if (!isSet && var->isObject() && !var->isNothing()) {
+            // A variable holding an object keeps it: the value goes to its default property.
+            Dispatch* d = var->toDispatch();
+            const int id = d->defaultMemberId();
+            if (id < 0)
+                raise(ErrorCode::NoSuchMember);
+            Value* args[] = {&value};
+            m_frame->node = target;
+            const Value keep = *var; // the Let may reassign the variable
+            d->invoke(id, InvokeKind::PropertyLet, args);
+            return;
+        }
+        *var = std::move(value);
         return;
+    }
     case ExprKind::MeMember: {
         Value* args[] = {&value};
         m_frame->node = target;

@@ -198,13 +198,18 @@ void Engine::execAssign(const AssignStmt* s)
         Value v = eval(s->value.get());
         if (!v.isObject()) {
             if (t->kind == ExprKind::Local) {
-                m_frame->vars[static_cast<const NameExpr*>(t)->slot] = std::move(v);
-                return;
+                Value& var = m_frame->vars[static_cast<const NameExpr*>(t)->slot];
+                if (!var.isObject()) {
+                    var = std::move(v);
+                    return;
+                }
             }
-            GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
-            if (g.kind == GlobalSlot::Kind::Variable) {
-                g.value = std::move(v);
-                return;
+            if (t->kind == ExprKind::Global) {
+                GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
+                if (g.kind == GlobalSlot::Kind::Variable && !g.value.isObject()) {
+                    g.value = std::move(v);
+                    return;
+                }
             }
         }
         assignTo(t, std::move(v), false);

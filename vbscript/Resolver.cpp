@@ -48,6 +48,11 @@ private:
         std::unordered_set<String> seen;
         using Kind = GlobalSlot::Kind;
         for (const auto& d : m_prog.top->decls) {
+            if (m_scope && d.kind == Procedure::Decl::Dim) {
+                claim(seen, d.name, d.line, d.column);
+                declareExecLocal(d);
+                continue;
+            }
             if (d.kind == Procedure::Decl::ReDim) {
                 GlobalSlot& g = m_engine.global(m_engine.globalSlot(d.name));
                 if (g.kind == Kind::Undeclared)
@@ -83,6 +88,27 @@ private:
             g.cls = c.get();
             g.value.clear();
         }
+    }
+
+    // A Dim in code Execute'd inside a procedure declares a local of that procedure, which
+    // later Execute/Eval code of the same call sees. The slot stays with the procedure, so a
+    // second call running the same Dim reuses it.
+    void declareExecLocal(const Procedure::Decl& d)
+    {
+        const String key = foldCase(d.name);
+        if (m_scope->execLocals.count(key))
+            return;
+        if (m_scope->localIndex.count(key))
+            failAt(ErrorCode::NameRedefined, d.line, d.column);
+        auto imp = m_scope->implicitIndex.find(key);
+        if (imp != m_scope->implicitIndex.end()) {
+            // The procedure's own code already uses the name undeclared: share its slot.
+            m_scope->localIndex[key] = imp->second.second;
+            m_scope->implicitIndex.erase(imp);
+        } else {
+            addLocal(m_scope, d.name);
+        }
+        m_scope->execLocals.insert(key);
     }
 
     int addLocal(Procedure* p, const String& name)

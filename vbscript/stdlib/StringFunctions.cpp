@@ -44,31 +44,35 @@ String fromBytes(std::u16string_view bytes) {
     return s;
 }
 
-String mid(const String& s, long start, long length) {
+String mid(std::u16string_view s, long start, long length) {
     if (start > long(s.size())) return {};
-    return s.substr(size_t(start - 1), length < 0 ? String::npos : size_t(length));
+    return String(s.substr(size_t(start - 1), length < 0 ? String::npos : size_t(length)));
 }
 
 Value fnLen(CallContext&, Args a) {
     RETURN_NULL_IF_NULL(*a[0]);
-    return Value(int32_t(a[0]->toString().size()));
+    String scratch;
+    return Value(int32_t(a[0]->textView(scratch).size()));
 }
 
 Value fnLenB(CallContext&, Args a) {
     RETURN_NULL_IF_NULL(*a[0]);
-    return Value(int32_t(a[0]->toString().size() * 2));
+    String scratch;
+    return Value(int32_t(a[0]->textView(scratch).size() * 2));
 }
 
 Value fnLeft(CallContext&, Args a) {
     const long n = count(*a[1]);
     RETURN_NULL_IF_NULL(*a[0]);
-    return Value(a[0]->toString().substr(0, size_t(n)));
+    String scratch;
+    return Value(a[0]->textView(scratch).substr(0, size_t(n)));
 }
 
 Value fnRight(CallContext&, Args a) {
     const long n = count(*a[1]);
     RETURN_NULL_IF_NULL(*a[0]);
-    const String s = a[0]->toString();
+    String scratch;
+    const std::u16string_view s = a[0]->textView(scratch);
     return Value(s.substr(s.size() - std::min(s.size(), size_t(n))));
 }
 
@@ -77,7 +81,8 @@ Value fnMid(CallContext&, Args a) {
     const long length = given(a, 2) ? count(*a[2]) : -1;
     if (start < 1) invalidCall();
     RETURN_NULL_IF_NULL(*a[0]);
-    return Value(mid(a[0]->toString(), start, length));
+    String scratch;
+    return Value(mid(a[0]->textView(scratch), start, length));
 }
 
 Value fnLeftB(CallContext&, Args a) {
@@ -113,12 +118,11 @@ Value inStrCommon(Args a, bool bytes) {
     const Value& s2 = *a[hasStart ? 2 : 1];
     const Compare compare = compareArg(a, 3);
     if (isNullArg(s1) || isNullArg(s2)) return Value::null();
-    String h = s1.toString(), n = s2.toString();
-    if (bytes) {
-        h = toBytes(h);
-        n = toBytes(n);
-    }
-    return Value(int32_t(inStr(start, h, n, bytes ? Compare::Binary : compare)));
+    String hScratch, nScratch;
+    const std::u16string_view h = s1.textView(hScratch), n = s2.textView(nScratch);
+    if (bytes)
+        return Value(int32_t(inStr(start, toBytes(h), toBytes(n), Compare::Binary)));
+    return Value(int32_t(inStr(start, h, n, compare)));
 }
 
 Value fnInStr(CallContext&, Args a) {
@@ -133,7 +137,9 @@ Value fnInStrRev(CallContext&, Args a) {
     if (start == 0 || start < -1) invalidCall();
     const Compare compare = compareArg(a, 3);
     if (isNullArg(*a[0]) || isNullArg(*a[1])) return Value::null();
-    return Value(int32_t(inStrRev(a[0]->toString(), a[1]->toString(), start, compare)));
+    String hScratch, nScratch;
+    return Value(int32_t(
+        inStrRev(a[0]->textView(hScratch), a[1]->textView(nScratch), start, compare)));
 }
 
 Value fnLCase(CallContext&, Args a) {
@@ -182,7 +188,9 @@ Value fnString(CallContext&, Args a) {
 Value fnStrComp(CallContext&, Args a) {
     const Compare compare = compareArg(a, 2);
     if (isNullArg(*a[0]) || isNullArg(*a[1])) return Value::null();
-    return Value(int16_t(compareStrings(a[0]->toString(), a[1]->toString(), compare)));
+    String aScratch, bScratch;
+    return Value(
+        int16_t(compareStrings(a[0]->textView(aScratch), a[1]->textView(bScratch), compare)));
 }
 
 Value fnStrReverse(CallContext&, Args a) {
@@ -231,20 +239,23 @@ Value fnFilter(CallContext&, Args a) {
 }
 
 Value fnAsc(CallContext&, Args a) {
-    const String s = a[0]->toString();
+    String scratch;
+    const std::u16string_view s = a[0]->textView(scratch);
     if (s.empty()) invalidCall();
     const int code = ansiFromUnicode(s[0]);
     return Value(int16_t(code < 0 ? u'?' : code));
 }
 
 Value fnAscB(CallContext&, Args a) {
-    const String s = a[0]->toString();
+    String scratch;
+    const std::u16string_view s = a[0]->textView(scratch);
     if (s.empty()) invalidCall();
     return Value(int16_t(s[0] & 0xFF));
 }
 
 Value fnAscW(CallContext&, Args a) {
-    const String s = a[0]->toString();
+    String scratch;
+    const std::u16string_view s = a[0]->textView(scratch);
     if (s.empty()) invalidCall();
     return Value(int16_t(s[0]));
 }
