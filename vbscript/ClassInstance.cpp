@@ -5,9 +5,9 @@
 
 namespace vbs {
 
-String defaultErrorSource(int32_t number)
+String defaultErrorSource(int32_t number, bool compileTime)
 {
-    return isCompileError(number) ? u"Microsoft VBScript compilation error"
+    return compileTime || isCompileError(number) ? u"Microsoft VBScript compilation error"
                                   : u"Microsoft VBScript runtime error";
 }
 
@@ -117,7 +117,7 @@ void ErrObject::set(const ScriptError& e)
 {
     number = e.number;
     description = e.description.empty() ? errorMessage(e.number) : e.description;
-    source = e.source.empty() ? defaultErrorSource(e.number) : e.source;
+    source = e.source.empty() ? defaultErrorSource(e.number, e.compileTime) : e.source;
 }
 
 Value ErrObject::invoke(int memberId, InvokeKind kind, std::span<Value*> args)

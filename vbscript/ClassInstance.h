@@ -66,6 +66,6 @@ private:
     std::shared_ptr<Program> m_program;
 };
 
-String defaultErrorSource(int32_t number);
+String defaultErrorSource(int32_t number, bool compileTime = false);
 
 } // namespace vbs

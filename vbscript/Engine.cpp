@@ -125,6 +125,7 @@ void Engine::reset()
     m_globalIndex.clear();
     m_programs.clear();
     m_chunkSources.clear();
+    m_chunkContinued.clear();
     m_memberObjects.clear();
     m_err->clear();
     const auto builtins = std::move(m_builtins);
@@ -150,10 +151,12 @@ std::shared_ptr<Program> Engine::compile(std::u16string_view code, bool expressi
     auto program = std::make_shared<Program>();
     const bool stored = !expression && !scope;
     program->chunk = stored ? int(m_chunkSources.size()) : currentChunk();
-    if (stored)
+    if (stored) {
         m_chunkSources.emplace_back(code);
+        m_chunkContinued.emplace_back();
+    }
     try {
-        Parser parser(lex(code), *program);
+        Parser parser(lex(code, stored ? &m_chunkContinued.back() : nullptr), *program);
         if (expression) {
             program->top = std::make_unique<Procedure>();
             program->top->kind = ProcKind::TopLevel;
@@ -167,6 +170,7 @@ std::shared_ptr<Program> Engine::compile(std::u16string_view code, bool expressi
         resolveProgram(*program, *this, scope);
     } catch (ScriptError& e) {
         e.chunk = program->chunk;
+        e.compileTime = true;
         throw;
     }
     if (!program->procedures.empty() || !program->classes.empty() || stored)

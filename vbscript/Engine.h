@@ -212,6 +212,7 @@ private:
     std::vector<Ref<Dispatch>> m_memberObjects;
     std::vector<std::shared_ptr<Program>> m_programs;
     std::vector<String> m_chunkSources;
+    std::vector<std::vector<int>> m_chunkContinued; // per chunk: lines continuing a " _" line
 
     std::unique_ptr<Value[]> m_stack;
     size_t m_stackSize = 0;

@@ -49,7 +49,7 @@ bool isSpace(char16_t c)
 
 class Lexer {
 public:
-    explicit Lexer(std::u16string_view src) : m_src(src) {}
+    Lexer(std::u16string_view src, std::vector<int>* continued) : m_src(src), m_continued(continued) {}
 
     std::vector<Token> run()
     {
@@ -104,6 +104,8 @@ private:
                 if (k < m_src.size() && (m_src[k] == '\r' || m_src[k] == '\n')) {
                     m_pos = k;
                     newLine();
+                    if (m_continued)
+                        m_continued->push_back(m_line);
                 } else if (k >= m_src.size()) {
                     m_pos = k;
                 } else {
@@ -345,13 +347,14 @@ private:
     size_t m_lineStart = 0;
     int m_line = 1;
     std::vector<Token> m_out;
+    std::vector<int>* m_continued;
 };
 
 } // namespace
 
-std::vector<Token> lex(std::u16string_view source)
+std::vector<Token> lex(std::u16string_view source, std::vector<int>* continuedLines)
 {
-    return Lexer(source).run();
+    return Lexer(source, continuedLines).run();
 }
 
 } // namespace vbs

@@ -30,7 +30,9 @@ struct Token {
 };
 
 // Lexes the whole text; throws a located ScriptError (1032, 1033, 1031, ...) on bad input.
-std::vector<Token> lex(std::u16string_view source);
+// continuedLines, when given, receives (ascending) each line that continues the one before it
+// after a " _".
+std::vector<Token> lex(std::u16string_view source, std::vector<int>* continuedLines = nullptr);
 
 
 } // namespace vbs

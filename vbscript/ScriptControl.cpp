@@ -62,7 +62,8 @@ bool ScriptControl::guarded(Fn&& fn)
     } catch (const ScriptError& e) {
         info.number = e.number;
         info.description = e.description.empty() ? errorMessage(e.number) : e.description;
-        info.source = e.source.empty() ? defaultErrorSource(e.number) : e.source;
+        info.source = e.source.empty() ? defaultErrorSource(e.number, e.compileTime) : e.source;
+        info.compileTime = e.compileTime || isCompileError(e.number);
         info.line = e.line;
         info.column = e.column;
         info.text = lineOf(engine.chunkSource(e.chunk), e.line);

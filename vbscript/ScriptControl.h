@@ -18,6 +18,7 @@ struct ErrorInfo {
     String text;       // the source line of the error
     int line = 0;      // 1-based within the added code that holds the failing statement
     int column = 0;    // 1-based
+    bool compileTime = false; // raised while compiling (also 28 for nesting too deep)
 };
 
 class ScriptControl {

@@ -158,6 +158,9 @@ struct ScriptError : std::exception {
     int line = 0;
     int column = 0;
     int chunk = -1; // which piece of added code the line counts in
+    // Raised while compiling: a compile error, or a run-time number the compiler can raise
+    // too (28 Out of stack space for nesting too deep).
+    bool compileTime = false;
     bool located() const { return line > 0; }
 
 private:

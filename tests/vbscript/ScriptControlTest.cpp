@@ -142,6 +142,36 @@ TEST(ScriptControl, CompileErrorHasLineColumnAndText)
     EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
 }
 
+TEST(ScriptControl, NestingTooDeepIsACompileTimeOutOfStackSpace)
+{
+    ScriptControl sc;
+    const String deep = u"x = 1\nx = " + String(5000, u'(') + u"1" + String(5000, u')');
+    EXPECT_FALSE(sc.addCode(deep));
+    EXPECT_EQ(sc.error().number, 28);
+    EXPECT_TRUE(sc.error().compileTime);
+    EXPECT_EQ(sc.error().line, 2);
+    EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
+    Value x;
+    ASSERT_TRUE(sc.eval(u"x", &x));
+    EXPECT_TRUE(x.isEmpty()); // the first line never ran
+
+    // Run-time errors stay run-time ones, 28 included.
+    EXPECT_FALSE(sc.addCode(u"Function Down(n)\nDown = Down(n + 1)\nEnd Function\nDown 1"));
+    EXPECT_EQ(sc.error().number, 28);
+    EXPECT_FALSE(sc.error().compileTime);
+    EXPECT_EQ(sc.error().source, u"Microsoft VBScript runtime error");
+}
+
+TEST(ScriptControl, RuntimeErrorInContinuedStatementNamesItsFirstLine)
+{
+    ScriptControl sc;
+    EXPECT_FALSE(sc.addCode(u"Dim a\r\na = 1 + _\r\n    2 / 0\r\n"));
+    EXPECT_EQ(sc.error().number, 11);
+    EXPECT_EQ(sc.error().line, 2);
+    EXPECT_EQ(sc.error().column, 1);
+    EXPECT_EQ(sc.error().text, u"a = 1 + _");
+}
+
 TEST(ScriptControl, RunFunctionWithArgumentsAndResult)
 {
     ScriptControl sc;

@@ -48,7 +48,7 @@ int main(int argc, char** argv)
     std::fflush(stdout);
     const vbs::ErrorInfo& e = control.error();
     std::fprintf(stderr, "%s(%d, %d) %s error %d: %s\n", path.c_str(), e.line, e.column,
-        vbs::isCompileError(e.number) ? "compilation" : "runtime", int(e.number),
+        e.compileTime ? "compilation" : "runtime", int(e.number),
         vbs::toUtf8(e.description).c_str());
     return 1;
 }
