@@ -198,9 +198,8 @@ void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
     setImage(out);
     m_streamed = true;
     m_restream = [source, fullWidth, fullHeight, width, height, kernel] {
-        return resizeExactly(
-            reopenForResize(source, fullWidth, fullHeight, width, height).image, width, height,
-            kernel);
+        return resizeExactly(reopenForResize(source, fullWidth, fullHeight, width, height).image,
+                             width, height, kernel);
     };
 }
 

@@ -204,8 +204,8 @@ void syncFile(const fs::path& p) {
 fs::path makeTemp(const fs::path& folder) {
     fs::path temp = Interrupt::createTempFile(folder, ".vantorel-save-");
     if (temp.empty())
-        fail(ErrorCode::CannotWrite, "cannot create a file in " + folder.string() + " (" +
-                                         std::strerror(errno) + ")");
+        fail(ErrorCode::CannotWrite,
+             "cannot create a file in " + folder.string() + " (" + std::strerror(errno) + ")");
     return temp;
 }
 

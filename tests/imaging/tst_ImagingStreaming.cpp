@@ -31,7 +31,7 @@ TEST(ImagingStreaming, ResizeOfAnUntouchedJpegStaysCloseToAFullDecode) {
     TempDir dir;
     ImagingControl c;
     c.setFileName(testsupport::samplePhoto()); // 1024 x 576
-    c.resizeTo(256, 144, true);                 // decoded at 1/4 scale
+    c.resizeTo(256, 144, true);                // decoded at 1/4 scale
     EXPECT_TRUE(c.isStreamed());
     EXPECT_EQ(c.width(), 256);
     EXPECT_TRUE(c.isStreamed()); // asking the size decodes nothing
