@@ -109,3 +109,37 @@ TEST(ImagingStreaming, DamageFoundWhileStreamingNamesThePhotoAndKeepsTheTarget) 
         EXPECT_EQ(e.code(), ErrorCode::DamagedImage) << e.what();
     }
 }
+
+TEST(ImagingStreaming, ATargetThatCannotBeWrittenIsNotBlamedOnThePhoto) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
+    ImagingControl c;
+    c.setFileName(dir.str("big.jpg"));
+    c.resizeTo(400, 300, true);
+    c.setProperty("SaveFileName", dir.str("missing/out.jpg"));
+    try {
+        c.saveFile();
+        FAIL() << "saved into a folder that does not exist";
+    } catch (const ImagingError& e) {
+        EXPECT_EQ(e.code(), ErrorCode::CannotWrite) << e.what();
+    }
+    saveAs(c, dir.str("out.png")); // the photo itself is fine
+    EXPECT_EQ(VImage::new_from_file(dir.str("out.png").c_str()).width(), 400);
+}
+
+TEST(ImagingStreaming, SavingOverThePhotoItselfKeepsItsPixelsForLaterReads) {
+    TempDir dir;
+    testsupport::writeJpeg(dir.str("p.jpg"), 2000, 1500);
+    std::filesystem::copy_file(dir.path("p.jpg"), dir.path("copy.jpg"));
+    ImagingControl other;
+    other.setFileName(dir.str("copy.jpg"));
+    other.resizeTo(400, 300, true);
+    VImage expected = other.image();
+    ImagingControl c;
+    c.setFileName(dir.str("p.jpg"));
+    c.resizeTo(400, 300, true);
+    ASSERT_TRUE(c.isStreamed());
+    saveAs(c, dir.str("p.jpg"));
+    EXPECT_EQ(VImage::new_from_file(dir.str("p.jpg").c_str()).width(), 400);
+    EXPECT_EQ(absDifference(expected, c.image()).max(), 0); // not the re-encoded file
+}
