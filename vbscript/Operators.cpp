@@ -161,7 +161,7 @@ Value intDiv(const Value& a0, const Value& b0)
     const int64_t x = toLongForIntOps(a), y = toLongForIntOps(b);
     if (y == 0)
         raise(ErrorCode::DivisionByZero);
-    return fitInteger(x / y, isIntegral(r) && r <= RInteger ? RInteger : RLong);
+    return fitInteger(x / y, isIntegral(r) && r <= RInteger ? r : RLong); // Byte with Byte stays Byte
 }
 
 Value mod(const Value& a0, const Value& b0)
@@ -173,7 +173,7 @@ Value mod(const Value& a0, const Value& b0)
     const int64_t x = toLongForIntOps(a), y = toLongForIntOps(b);
     if (y == 0)
         raise(ErrorCode::DivisionByZero);
-    return fitInteger(x % y, isIntegral(r) && r <= RInteger ? RInteger : RLong);
+    return fitInteger(x % y, isIntegral(r) && r <= RInteger ? r : RLong); // Byte with Byte stays Byte
 }
 
 Value pow(const Value& a0, const Value& b0)
@@ -275,6 +275,8 @@ Value logic(Logic op, const Value& a0, const Value& b0)
     const Rank r = std::max(rankOf(na), rankOf(nb));
     const int64_t x = na.toLong(), y = nb.toLong();
     const int64_t v = logicInt(op, x, y);
+    if (r == RByte)
+        return Value::fromByte(uint8_t(v)); // bitwise on two Bytes stays in 8 bits
     if (r <= RInteger)
         return Value(int16_t(v));
     return Value(int32_t(v));
