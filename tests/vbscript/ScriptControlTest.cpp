@@ -73,6 +73,12 @@ Ref<Dispatch> createProbe()
 
 const NativeClassDef kTestClasses[] = {{u"Probe", createProbe}};
 
+// The same object with Level as its default member.
+class DefaultProbe : public Probe {
+public:
+    int defaultMemberId() const override { return 0; }
+};
+
 } // namespace
 
 TEST(ScriptControl, HostObjectMembersAndByRef)
@@ -85,6 +91,24 @@ TEST(ScriptControl, HostObjectMembersAndByRef)
     Value r;
     ASSERT_TRUE(sc.eval(u"v & \"/\" & fx.LEVEL", &r));
     EXPECT_EQ(r.toString(), u"42/49");
+}
+
+TEST(ScriptControl, LetToVariableHoldingHostObjectUsesDefaultMember)
+{
+    ScriptControl sc;
+    auto probe = makeRef<DefaultProbe>();
+    sc.addObject(u"fx", probe);
+    ASSERT_TRUE(sc.addCode(u"Dim p\nSet p = fx\np = 7\nSub S(q)\nq = q + 1\nEnd Sub\nS p"));
+    EXPECT_EQ(probe->level, 8);
+    Value r;
+    ASSERT_TRUE(sc.eval(u"p Is fx", &r));
+    EXPECT_TRUE(r.toBoolean());
+
+    // Without a default member there is nothing to assign to.
+    sc.addObject(u"plain", makeRef<Probe>());
+    EXPECT_FALSE(sc.addCode(u"Dim o\nSet o = plain\no = 1"));
+    EXPECT_EQ(sc.error().number, 438);
+    EXPECT_EQ(sc.error().line, 3);
 }
 
 TEST(ScriptControl, AddMembersMakesMembersGlobal)
