@@ -320,6 +320,8 @@ Value Engine::evaluate(std::u16string_view expression)
         scope = m_frame->proc;
     try {
         auto program = compile(expression, true, scope);
+        if (scope)
+            growFrame(*m_frame); // a Dim Execute'd by a deeper call of the same procedure
         return eval(program->expression.get());
     } catch (ScriptError& e) {
         unlocate(e);
