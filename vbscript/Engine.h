@@ -165,7 +165,7 @@ private:
     }
     void execDim(const DimStmt* s);
     void execErase(const EraseStmt* s);
-    void locate(ScriptError& e, int line, int column);
+    void locate(ScriptError& e, int line, int column, const Stmt* stmt = nullptr);
     void noteError(const ScriptError& e);
 
     // Expressions.

@@ -28,8 +28,9 @@ int firstColumn(std::u16string_view source, int line)
 } // namespace
 
 // Run-time errors name the line where the statement starts: an operation on a line continued
-// with " _" is reported at the first line of the statement, at its first character.
-void Engine::locate(ScriptError& e, int line, int column)
+// with " _" is reported at the first line of the statement (stmt, when it starts later on that
+// logical line, as after "x = 1 + _ / 2 : y = 1 / 0"), at its first character.
+void Engine::locate(ScriptError& e, int line, int column, const Stmt* stmt)
 {
     e.chunk = currentChunk();
     if (e.chunk >= 0 && size_t(e.chunk) < m_chunkContinued.size()) {
@@ -40,8 +41,12 @@ void Engine::locate(ScriptError& e, int line, int column)
             --line;
             it = it == continued.begin() ? continued.end() : it - 1;
         }
-        if (line != first)
+        if (stmt && line < stmt->line && first >= stmt->line) {
+            line = stmt->line;
+            column = stmt->column;
+        } else if (line != first) {
             column = firstColumn(m_chunkSources[size_t(e.chunk)], line);
+        }
     }
     e.line = line;
     e.column = column;
@@ -67,7 +72,7 @@ Flow Engine::execBlock(const Block& block)
                 // The operation that failed when it is known, else the statement.
                 const Expr* n = m_frame->node;
                 if (n && n->line >= s->line)
-                    locate(e, n->line, n->column);
+                    locate(e, n->line, n->column, s);
                 else
                     locate(e, s->line, s->column);
             }
