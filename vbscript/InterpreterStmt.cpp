@@ -219,6 +219,14 @@ void Engine::execAssign(const AssignStmt* s)
         for (size_t i = 0; i < n; ++i)
             pieces[i] = eval(s->appendPieces[i]);
         Value* p = variableRef(s->target.get(), RefMode::Write);
+        if (p->isObject()) {
+            // An object variable keeps its object: the text goes to its default property.
+            Value text = p->defaultValue();
+            for (size_t i = 0; i < n; ++i)
+                text = ops::concat(text, pieces[i]);
+            assignTo(t, std::move(text), false);
+            return;
+        }
         for (size_t i = 0; i < n; ++i) {
             const Value& rhs = pieces[i];
             if (!p->isString())
