@@ -201,6 +201,14 @@ private:
         }
         n->kind = ExprKind::Global;
         n->slot = m_engine.globalSlot(n->name);
+        if (m_proc->kind == ProcKind::TopLevel && m_scope && !m_proc->optionExplicit && !asCall) {
+            // Undeclared in code Execute'd inside a procedure: like the procedure's own
+            // undeclared names, a local of it unless a global exists when it runs.
+            n->kind = ExprKind::Implicit;
+            n->localSlot = addLocal(m_scope, u"\x01" + n->name);
+            m_scope->implicitIndex[key] = {n->slot, n->localSlot};
+            return;
+        }
         if (m_proc->kind == ProcKind::TopLevel || m_proc->optionExplicit || asCall)
             return;
         // Undeclared inside a procedure: a global of that name if one exists when it runs,
