@@ -8,50 +8,6 @@
 
 namespace vbs {
 
-namespace {
-
-// 1-based column of the first non-blank character of a 1-based line of source.
-int firstColumn(std::u16string_view source, int line)
-{
-    size_t pos = 0;
-    for (int l = 1; l < line && pos < source.size(); ++pos) {
-        // Line ends as the lexer counts them: "\r\n", "\n" or a lone "\r".
-        if (source[pos] == u'\n' || (source[pos] == u'\r' && (pos + 1 >= source.size() || source[pos + 1] != u'\n')))
-            ++l;
-    }
-    int column = 1;
-    for (; pos < source.size() && (source[pos] == u' ' || source[pos] == u'\t'); ++pos)
-        ++column;
-    return column;
-}
-
-} // namespace
-
-// Run-time errors name the line where the statement starts: an operation on a line continued
-// with " _" is reported at the first line of the statement (stmt, when it starts later on that
-// logical line, as after "x = 1 + _ / 2 : y = 1 / 0"), at its first character.
-void Engine::locate(ScriptError& e, int line, int column, const Stmt* stmt)
-{
-    e.chunk = currentChunk();
-    if (e.chunk >= 0 && size_t(e.chunk) < m_chunkContinued.size()) {
-        const std::vector<int>& continued = m_chunkContinued[size_t(e.chunk)];
-        const int first = line;
-        auto it = std::lower_bound(continued.begin(), continued.end(), line);
-        while (it != continued.end() && *it == line) {
-            --line;
-            it = it == continued.begin() ? continued.end() : it - 1;
-        }
-        if (stmt && line < stmt->line && first >= stmt->line) {
-            line = stmt->line;
-            column = stmt->column;
-        } else if (line != first) {
-            column = firstColumn(m_chunkSources[size_t(e.chunk)], line);
-        }
-    }
-    e.line = line;
-    e.column = column;
-}
-
 void Engine::noteError(const ScriptError& e)
 {
     m_err->set(e);
