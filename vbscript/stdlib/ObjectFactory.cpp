@@ -6,8 +6,6 @@
 #include "LibSupport.h"
 #include "RegExpObject.h"
 
-#include <type_traits>
-
 namespace vbs::lib {
 
 namespace {
@@ -40,29 +38,16 @@ const BuiltinDef kObjectFunctions[] = {
     {u"GetObject", 0, 2, fnGetObject},
 };
 
-// The element type of the table a registerClasses(std::span<const T>) member takes.
-template <class F> struct TableElement;
-template <class C, class T> struct TableElement<void (C::*)(std::span<const T>)> {
-    using type = T;
+// `New RegExp` works because the language knows RegExp as a creatable class.
+const NativeClassDef kClasses[] = {
+    {u"RegExp", createRegExp},
 };
-
-// `New RegExp` needs the language to know the class; the core takes creatable classes either as
-// a table of {name, factory} or one at a time. Without such a hook only CreateObject works.
-template <class Control> void registerCreatableClasses(Control& control) {
-    if constexpr (requires { &Control::registerClasses; }) {
-        using Def = typename TableElement<decltype(&Control::registerClasses)>::type;
-        static const Def classes[] = {{u"RegExp", createRegExp}};
-        control.registerClasses(classes);
-    } else if constexpr (requires(Control & c) { c.registerClass(u"RegExp", createRegExp); }) {
-        control.registerClass(u"RegExp", createRegExp);
-    }
-}
 
 } // namespace
 
 void registerObjectFactory(ScriptControl& control) {
     control.registerBuiltins(kObjectFunctions);
-    registerCreatableClasses(control);
+    control.registerClasses(kClasses);
 }
 
 } // namespace vbs::lib
