@@ -15,10 +15,6 @@ using vbs::Value;
 
 namespace {
 
-bool sameName(std::u16string_view a, std::u16string_view b) {
-    return a.size() == b.size() && vbs::foldCase(a) == vbs::foldCase(b);
-}
-
 // The entry of a name that serves a kind of call. A property read may be written as a call and a
 // set-only member as a one-argument statement, as scripts do.
 const MemberDef* pick(int id, InvokeKind kind, size_t argCount) {
@@ -26,7 +22,7 @@ const MemberDef* pick(int id, InvokeKind kind, size_t argCount) {
     const MemberDef* get = nullptr;
     const MemberDef* let = nullptr;
     const MemberDef* method = nullptr;
-    for (size_t k = id; k < table.size() && sameName(table[k].name, table[id].name); ++k) {
+    for (size_t k = id; k < table.size() && vbs::equalsNoCase(table[k].name, table[id].name); ++k) {
         if (table[k].kind == MemberKind::Get) get = &table[k];
         if (table[k].kind == MemberKind::Let) let = &table[k];
         if (table[k].kind == MemberKind::Method) method = &table[k];
@@ -78,7 +74,7 @@ vbs::Host& clsVTEffects::host() {
 int clsVTEffects::memberId(std::u16string_view name) const {
     auto table = fx::memberTable();
     for (size_t k = 0; k < table.size(); ++k)
-        if (sameName(table[k].name, name)) return static_cast<int>(k);
+        if (vbs::equalsNoCase(table[k].name, name)) return static_cast<int>(k);
     return -1;
 }
 

@@ -17,9 +17,8 @@ constexpr std::array<std::u16string_view, 6> kProgressNames = {u"Show",    u"Hid
                                                                u"Caption", u"Visible", u"Label1"};
 
 int findName(std::span<const std::u16string_view> names, std::u16string_view name) {
-    const vbs::String folded = vbs::foldCase(name);
     for (size_t i = 0; i < names.size(); ++i)
-        if (vbs::foldCase(names[i]) == folded) return int(i);
+        if (vbs::equalsNoCase(names[i], name)) return int(i);
     return -1;
 }
 
