@@ -193,13 +193,7 @@ void Engine::runTopLevel(const std::shared_ptr<Program>& program, bool inCallerF
     Frame frame;
     frame.proc = program->top.get();
     frame.chunk = program->chunk;
-    Frame* saved = m_frame;
-    m_frame = &frame;
-    struct Restore {
-        Engine& e;
-        Frame* saved;
-        ~Restore() { e.m_frame = saved; }
-    } restore{*this, saved};
+    FrameScope scope(*this, frame);
     execBlock(program->top->body);
 }
 
@@ -304,31 +298,19 @@ Value Engine::run(std::u16string_view procName, std::vector<Value>& args)
         ptrs.push_back(&a);
     std::shared_ptr<Program> keep = global(slot).program;
     Frame frame;
-    frame.chunk = global(slot).proc->chunk;
-    Frame* saved = m_frame;
-    m_frame = &frame;
     frame.proc = global(slot).proc;
-    struct Restore {
-        Engine& e;
-        Frame* saved;
-        ~Restore() { e.m_frame = saved; }
-    } restore{*this, saved};
+    frame.chunk = frame.proc->chunk;
+    FrameScope scope(*this, frame);
     return callProcedure(global(slot).proc, nullptr, ptrs);
 }
 
 Value Engine::evalText(std::u16string_view expression)
 {
     Entry entry(*this);
-    Frame frame;
     auto program = compile(expression, true, nullptr);
+    Frame frame;
     frame.proc = program->top.get();
-    Frame* saved = m_frame;
-    m_frame = &frame;
-    struct Restore {
-        Engine& e;
-        Frame* saved;
-        ~Restore() { e.m_frame = saved; }
-    } restore{*this, saved};
+    FrameScope scope(*this, frame);
     return eval(program->expression.get());
 }
 

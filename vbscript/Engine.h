@@ -135,6 +135,18 @@ private:
         Entry& operator=(const Entry&) = delete;
         Engine& m_engine;
     };
+    // Makes frame the running one until the end of the scope, then the one before it again.
+    struct FrameScope {
+        FrameScope(Engine& e, Frame& frame) : m_engine(e), m_saved(e.m_frame)
+        {
+            e.m_frame = &frame;
+        }
+        ~FrameScope() { m_engine.m_frame = m_saved; }
+        FrameScope(const FrameScope&) = delete;
+        FrameScope& operator=(const FrameScope&) = delete;
+        Engine& m_engine;
+        Frame* m_saved;
+    };
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
     void growFrame(Frame& frame);
