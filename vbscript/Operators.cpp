@@ -105,14 +105,18 @@ Value arith(Arith op, const Value& a0, const Value& b0)
     return checkedDouble(d);
 }
 
-bool isIntegral(Rank r)
+// \ and Mod, on the operands rounded to whole numbers. The result starts from the wider
+// operand's type up to Integer (two Bytes give a Byte), from Long for anything wider.
+Value integerDivision(bool remainder, const Value& a0, const Value& b0)
 {
-    return r <= RLong;
-}
-
-int64_t toLongForIntOps(const Value& v)
-{
-    return v.toLong();
+    if (a0.isNull() || b0.isNull())
+        return Value::null();
+    const Value a = a0.toNumber(), b = b0.toNumber();
+    const Rank r = std::max(rankOf(a), rankOf(b));
+    const int64_t x = a.toLong(), y = b.toLong();
+    if (y == 0)
+        raise(ErrorCode::DivisionByZero);
+    return fitInteger(remainder ? x % y : x / y, r <= RInteger ? r : RLong);
 }
 
 } // namespace
@@ -152,29 +156,8 @@ Value div(const Value& a0, const Value& b0)
     return checkedDouble(d);
 }
 
-Value intDiv(const Value& a0, const Value& b0)
-{
-    if (a0.isNull() || b0.isNull())
-        return Value::null();
-    const Value a = a0.toNumber(), b = b0.toNumber();
-    const Rank r = std::max(rankOf(a), rankOf(b));
-    const int64_t x = toLongForIntOps(a), y = toLongForIntOps(b);
-    if (y == 0)
-        raise(ErrorCode::DivisionByZero);
-    return fitInteger(x / y, isIntegral(r) && r <= RInteger ? r : RLong); // Byte with Byte stays Byte
-}
-
-Value mod(const Value& a0, const Value& b0)
-{
-    if (a0.isNull() || b0.isNull())
-        return Value::null();
-    const Value a = a0.toNumber(), b = b0.toNumber();
-    const Rank r = std::max(rankOf(a), rankOf(b));
-    const int64_t x = toLongForIntOps(a), y = toLongForIntOps(b);
-    if (y == 0)
-        raise(ErrorCode::DivisionByZero);
-    return fitInteger(x % y, isIntegral(r) && r <= RInteger ? r : RLong); // Byte with Byte stays Byte
-}
+Value intDiv(const Value& a, const Value& b) { return integerDivision(false, a, b); }
+Value mod(const Value& a, const Value& b) { return integerDivision(true, a, b); }
 
 Value pow(const Value& a0, const Value& b0)
 {
