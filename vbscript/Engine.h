@@ -203,6 +203,8 @@ private:
     Value callGlobal(GlobalSlot& g, const CallExpr* call, bool statement);
     Value callBuiltin(const BuiltinDef* def, std::span<Value*> args);
     Value callMeMember(int member, std::span<Value*> args, bool statement);
+    // The id of a member of d as the running code sees it; 438 naming it when there is none.
+    int visibleMemberId(Dispatch* d, const String& name);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
     void assignTo(const Expr* target, Value value, bool isSet);

@@ -339,18 +339,20 @@ Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool state
     if (!obj.object())
         raiseNamed(ErrorCode::ObjectVariableNotSet, nameOf(e->object.get()));
     Dispatch* d = obj.object()->asDispatch();
-    int id = -1;
-    if (d) {
-        // Code inside a class reaches the private members of its own instance.
-        if (m_frame->me && d == m_frame->me)
-            id = m_frame->me->anyMemberId(e->name);
-        else
-            id = d->memberId(e->name);
-    }
-    m_frame->node = e;
-    if (id < 0)
+    if (!d)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
+    const int id = visibleMemberId(d, e->name);
     return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+}
+
+int Engine::visibleMemberId(Dispatch* d, const String& name)
+{
+    // Code inside a class reaches the private members of its own instance.
+    const bool own = m_frame->me && d == m_frame->me;
+    const int id = own ? m_frame->me->anyMemberId(name) : d->memberId(name);
+    if (id < 0)
+        raiseNamed(ErrorCode::NoSuchMember, name);
+    return id;
 }
 
 } // namespace vbs

@@ -349,9 +349,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         const auto* m = static_cast<const MemberExpr*>(target);
         const Value obj = eval(m->object.get());
         Dispatch* d = obj.toDispatch();
-        const int id = (m_frame->me && d == m_frame->me) ? m_frame->me->anyMemberId(m->name) : d->memberId(m->name);
-        if (id < 0)
-            raiseNamed(ErrorCode::NoSuchMember, m->name);
+        const int id = visibleMemberId(d, m->name);
         Value* args[] = {&value};
         m_frame->node = target;
         d->invoke(id, kind, args);
@@ -394,9 +392,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         const auto* m = static_cast<const MemberExpr*>(t);
         const Value obj = eval(m->object.get());
         Dispatch* d = obj.toDispatch();
-        const int id = (m_frame->me && d == m_frame->me) ? m_frame->me->anyMemberId(m->name) : d->memberId(m->name);
-        if (id < 0)
-            raiseNamed(ErrorCode::NoSuchMember, m->name);
+        const int id = visibleMemberId(d, m->name);
         d->invoke(id, kind, all);
         return;
     }
