@@ -132,17 +132,9 @@ void area(ImagingControl& c, const OpArgs& a) {
     s = {true, r.x, r.y, r.width, r.height};
 }
 
-// The clipboard through the control's accessor, when the control has one.
-template <class Control> const VImage* clipboardOf(Control& c) {
-    if constexpr (requires { c.clipboardImage(); })
-        return c.clipboardImage();
-    else
-        fail(ErrorCode::ProcessingFailed, "Merge: the control offers no clipboard access");
-}
-
 void merge(ImagingControl& c, const OpArgs& a) {
     if (!a.b(0)) return;
-    const VImage* clip = clipboardOf(c);
+    const VImage* clip = c.clipboardImage();
     if (!clip) fail(ErrorCode::NothingToPaste, "Merge needs an image on the clipboard (use Copy)");
     ::fx::MergeOptions o{a.i(1), a.i(2), a.b(3), a.i(4), a.i(5), a.i(6)};
     const AreaState& s = c.area();
