@@ -46,6 +46,16 @@ VImage toGrey(const VImage& in) {
     return out.cast(VIPS_FORMAT_UCHAR);
 }
 
+// One bit a pixel: grey thresholded at the middle.
+VImage toBilevel(const VImage& in) {
+    return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+}
+
+// TIFF is written black and white with G4 compression and for 1-bit images.
+bool bilevelTiff(const SaveOptions& o) {
+    return o.tifCompression == 7 || o.bitsPerPixel == 1;
+}
+
 VImage toRgb(const VImage& in) {
     VImage out = flattenAlpha(toSrgb8(in));
     if (out.bands() == 1) out = out.colourspace(VIPS_INTERPRETATION_sRGB);
@@ -69,7 +79,7 @@ VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
     case format::Pgm:
         return toGrey(in);
     case format::Pbm:
-        return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+        return toBilevel(in);
     case format::Gif:
         return o.gifTransparent ? withTransparentColor(in, o.gifTColor) : toSrgb8(in);
     case format::Ico:
@@ -79,8 +89,7 @@ VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
                      std::to_string(in.width()) + " x " + std::to_string(in.height()));
         return toSrgb8(in);
     case format::Tiff:
-        if (o.tifCompression == 7 || o.bitsPerPixel == 1)
-            return (toGrey(in) >= 128).ifthenelse(255, 0).cast(VIPS_FORMAT_UCHAR);
+        if (bilevelTiff(o)) return toBilevel(in);
         return o.greyPalette ? toGrey(in) : toSrgb8(in);
     default:
         return o.greyPalette ? toGrey(in) : toSrgb8(in);
@@ -117,7 +126,7 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
         return;
     case format::Tiff:
         opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", q);
-        if (o.tifCompression == 7 || o.bitsPerPixel == 1) opt->set("bitdepth", 1);
+        if (bilevelTiff(o)) opt->set("bitdepth", 1);
         image.tiffsave(path, opt);
         return;
     case format::Gif:
