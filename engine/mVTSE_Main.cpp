@@ -93,7 +93,7 @@ int refuseMainWindow(bool batchRan) {
 }
 
 void printWarning(const QString& text) {
-    std::fprintf(stderr, "vantorel: %s\n", text.toUtf8().constData());
+    std::fprintf(stderr, "vantorel: %s\n", TextCodec::forDisplay(text).constData());
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "platform/ConsoleLine.h"
 
 #include "platform/Interrupt.h"
+#include "platform/TextCodec.h"
 
 #include <cstdio>
 #include <unistd.h>
@@ -20,7 +21,7 @@ bool isTerminal() {
 void show(const QString& text) {
     if (!isTerminal()) return;
     // "\r" and erase-to-end-of-line redraw the line in place.
-    std::fprintf(stderr, "\r%s\x1b[K", text.toUtf8().constData());
+    std::fprintf(stderr, "\r%s\x1b[K", TextCodec::forDisplay(text).constData());
     std::fflush(stderr);
     g_open = true;
     Interrupt::setStatusLineOpen(true);

@@ -2,6 +2,7 @@
 #include "platform/Messages.h"
 
 #include "platform/ConsoleLine.h"
+#include "platform/TextCodec.h"
 
 #include <cctype>
 #include <cstdio>
@@ -91,7 +92,8 @@ MsgAnswer ConsoleMessages::messageBox(const QString& title, const QString& text,
     const QString heading = title.isEmpty() ? applicationTitle() : title;
     QString body = text;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());
+    std::fprintf(stderr, "%s\n%s\n", TextCodec::forDisplay(heading).constData(),
+                 TextCodec::forDisplay(body).constData());
     std::fflush(stderr);
     if (buttons == MsgButtons::OkOnly) return MsgAnswer::Ok;
     if (canAsk()) return askOnTerminal(buttons);
@@ -129,7 +131,8 @@ std::optional<QString> ConsoleMessages::inputBox(const QString& title, const QSt
     QString body = prompt;
     body.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     const QString heading = title.isEmpty() ? applicationTitle() : title;
-    std::fprintf(stderr, "%s\n%s\n", heading.toUtf8().constData(), body.toUtf8().constData());
+    std::fprintf(stderr, "%s\n%s\n", TextCodec::forDisplay(heading).constData(),
+                 TextCodec::forDisplay(body).constData());
     if (!canAsk()) {
         std::fprintf(stderr, "(no terminal to answer on: cancelled)\n");
         return std::nullopt;

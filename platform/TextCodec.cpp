@@ -59,4 +59,76 @@ QByteArray encode(const QString& text) {
     return toCrLf(text).toUtf8();
 }
 
+namespace {
+
+// Length of the UTF-8 sequence a lead byte starts; 0 for a byte that cannot start one.
+qsizetype sequenceLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if ((lead & 0xE0) == 0xC0) return 2;
+    if ((lead & 0xF0) == 0xE0) return 3;
+    if ((lead & 0xF8) == 0xF0) return 4;
+    return 0;
+}
+
+bool isEscapedByte(const QString& text, qsizetype i) {
+    const char16_t c = text.at(i).unicode();
+    return c >= 0xDC80 && c < 0xDD00 && (i == 0 || !text.at(i - 1).isHighSurrogate());
+}
+
+// The text with every escaped byte handed to `escaped` and every other run to `plain`.
+template <class Plain, class Escaped>
+void splitEscapes(const QString& text, Plain plain, Escaped escaped) {
+    qsizetype start = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (!isEscapedByte(text, i)) continue;
+        plain(QStringView(text).mid(start, i - start));
+        escaped(static_cast<unsigned char>(text.at(i).unicode() - 0xDC00));
+        start = i + 1;
+    }
+    plain(QStringView(text).mid(start));
+}
+
+} // namespace
+
+QString fromNativeName(std::string_view bytes) {
+    const QString whole = QString::fromUtf8(bytes.data(), qsizetype(bytes.size()));
+    if (!whole.contains(QChar::ReplacementCharacter)) return whole;
+    // Rare: some bytes are not UTF-8 (or the name holds U+FFFD itself); go sequence by sequence.
+    QString out;
+    for (size_t i = 0; i < bytes.size();) {
+        const auto lead = static_cast<unsigned char>(bytes[i]);
+        const qsizetype n = sequenceLength(lead);
+        if (n > 0 && i + size_t(n) <= bytes.size()) {
+            const QByteArray piece(bytes.data() + i, n);
+            const QString decoded = QString::fromUtf8(piece);
+            if (decoded.toUtf8() == piece) {
+                out += decoded;
+                i += size_t(n);
+                continue;
+            }
+        }
+        out += QChar(char16_t(0xDC00 + lead));
+        ++i;
+    }
+    return out;
+}
+
+std::string toNativeName(const QString& text) {
+    std::string out;
+    splitEscapes(
+        text, [&](QStringView run) { out += run.toUtf8().toStdString(); },
+        [&](unsigned char byte) { out += char(byte); });
+    return out;
+}
+
+QByteArray forDisplay(const QString& text) {
+    QByteArray out;
+    splitEscapes(
+        text, [&](QStringView run) { out += run.toUtf8(); },
+        [&](unsigned char byte) {
+            out += QByteArray("\\x") + QByteArray::number(byte, 16).toUpper();
+        });
+    return out;
+}
+
 } // namespace TextCodec

@@ -31,4 +31,14 @@ inline QString fromScriptText(std::u16string_view text) {
     return QString::fromUtf16(text.data(), qsizetype(text.size()));
 }
 
+// File names are bytes; Linux allows any byte but "/" and NUL, UTF-8 or not. A byte that is not
+// part of valid UTF-8 becomes the lone surrogate U+DC00 + byte (as the script engine does), so a
+// name goes to text and back to the same bytes and a photo with such a name can be processed.
+QString fromNativeName(std::string_view bytes);
+std::string toNativeName(const QString& text);
+
+// Text for a terminal or log: UTF-8, with the bytes of a name that were not UTF-8 shown as
+// "\xNN" instead of being sent raw.
+QByteArray forDisplay(const QString& text);
+
 } // namespace TextCodec

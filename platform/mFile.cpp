@@ -23,8 +23,7 @@ bool isSeparator(QChar c) {
 }
 
 fs::path nativeOf(const QString& path) {
-    const QByteArray utf8 = path.toUtf8();
-    return NativePath::toNative(std::string_view(utf8.constData(), size_t(utf8.size())));
+    return NativePath::toNative(TextCodec::toNativeName(path));
 }
 
 // Trailing blanks and dots of every component dropped ("." and ".." kept).
@@ -51,8 +50,7 @@ QString withoutTrailingBlanks(const QString& path) {
 }
 
 QString nameOf(const fs::path& p) {
-    const std::string name = p.filename().string();
-    return QString::fromUtf8(name.data(), qsizetype(name.size()));
+    return TextCodec::fromNativeName(p.filename().native());
 }
 
 // Directory order is whatever the file system returns; names are sorted (without regard to
@@ -103,7 +101,8 @@ void enumerateInto(QStringList& out, const QString& folder, const QStringList& p
     if (!ec && !visited.insert(identity).second) return;
     const Listing listing = listFolder(dir);
     QStringList folded;
-    for (const QString& name : listing.files) folded.append(name.toCaseFolded());
+    for (const QString& name : listing.files)
+        folded.append(name.toCaseFolded());
     for (const QString& pattern : patterns) {
         const QString p = foldedPattern(pattern);
         for (qsizetype i = 0; i < listing.files.size(); ++i)
@@ -259,8 +258,7 @@ QString programFolder() {
     std::error_code ec;
     const fs::path exe = fs::read_symlink("/proc/self/exe", ec);
     if (ec) return QStringLiteral(".");
-    const std::string text = NativePath::toBackslash(exe.parent_path());
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+    return TextCodec::fromNativeName(NativePath::toBackslash(exe.parent_path()));
 }
 
 } // namespace mFile

@@ -326,12 +326,33 @@ void unlocate(ScriptError& e)
 
 } // namespace
 
+// Execute'd code that executes itself nests without a procedure call; it counts as one, so that
+// it ends in "Out of stack space" like any other runaway recursion. Code run in the caller's frame
+// leaves that frame's current node pointing into its own syntax tree, which is freed on return:
+// the caller's node is put back.
+struct Engine::NestedCode {
+    Engine& engine;
+    const Expr* callerNode;
+    explicit NestedCode(Engine& e) : engine(e), callerNode(e.m_frame ? e.m_frame->node : nullptr)
+    {
+        engine.checkStack();
+        ++engine.m_depth;
+    }
+    ~NestedCode()
+    {
+        --engine.m_depth;
+        if (engine.m_frame)
+            engine.m_frame->node = callerNode;
+    }
+};
+
 void Engine::executeStatements(std::u16string_view code, bool globalScope)
 {
     Procedure* scope = nullptr;
     if (!globalScope && m_frame && m_frame->proc && m_frame->proc->kind != ProcKind::TopLevel)
         scope = m_frame->proc;
     try {
+        NestedCode nested(*this);
         auto program = compile(code, false, scope);
         runTopLevel(program, scope != nullptr);
     } catch (ScriptError& e) {
@@ -346,6 +367,7 @@ Value Engine::evaluate(std::u16string_view expression)
     if (m_frame && m_frame->proc && m_frame->proc->kind != ProcKind::TopLevel)
         scope = m_frame->proc;
     try {
+        NestedCode nested(*this);
         auto program = compile(expression, true, scope);
         if (scope)
             growFrame(*m_frame); // a Dim Execute'd by a deeper call of the same procedure

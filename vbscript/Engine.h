@@ -147,6 +147,7 @@ private:
         Engine& m_engine;
         Frame* m_saved;
     };
+    struct NestedCode;
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
     void growFrame(Frame& frame);

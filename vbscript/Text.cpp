@@ -55,7 +55,10 @@ size_t decodeUtf8(std::string_view s, size_t i, char32_t& cp)
 
 } // namespace
 
-String fromUtf8(std::string_view text)
+namespace {
+
+template <class Invalid>
+String decode(std::string_view text, Invalid invalid)
 {
     String out;
     out.reserve(text.size());
@@ -63,7 +66,7 @@ String fromUtf8(std::string_view text)
         char32_t cp;
         const size_t len = decodeUtf8(text, i, cp);
         if (len == 0) {
-            out.push_back(fromCp1252(static_cast<unsigned char>(text[i])));
+            out.push_back(invalid(static_cast<unsigned char>(text[i])));
             ++i;
         } else {
             appendCodePoint(out, cp);
@@ -71,6 +74,18 @@ String fromUtf8(std::string_view text)
         }
     }
     return out;
+}
+
+} // namespace
+
+String fromUtf8(std::string_view text)
+{
+    return decode(text, [](unsigned char b) { return char16_t(0xDC00 + b); });
+}
+
+String fromUtf8OrCp1252(std::string_view text)
+{
+    return decode(text, fromCp1252);
 }
 
 std::string toUtf8(std::u16string_view text)
@@ -83,6 +98,9 @@ std::string toUtf8(std::u16string_view text)
             && text[i + 1] < 0xE000) {
             cp = 0x10000 + ((cp - 0xD800) << 10) + (text[i + 1] - 0xDC00);
             ++i;
+        } else if (cp >= 0xDC80 && cp < 0xDD00) {
+            out.push_back(char(cp - 0xDC00)); // a byte fromUtf8 could not decode
+            continue;
         } else if (cp >= 0xD800 && cp < 0xE000) {
             cp = 0xFFFD;
         }

@@ -8,10 +8,16 @@ namespace vbs {
 
 using String = std::u16string;
 
-// Invalid UTF-8 bytes are taken as Windows-1252 characters, so no input is rejected.
+// Bytes from the system (file names, messages, arguments): each byte that is not part of valid
+// UTF-8 becomes the lone surrogate U+DC00 + byte, so toUtf8 gives the same bytes back and a file
+// whose name is not UTF-8 can still be named by a script.
 String fromUtf8(std::string_view text);
-// Unpaired surrogates become U+FFFD.
+// The inverse of fromUtf8: lone U+DC80..U+DCFF become their byte; other unpaired surrogates
+// become U+FFFD.
 std::string toUtf8(std::u16string_view text);
+// Text files: invalid UTF-8 bytes are taken as Windows-1252 characters, the encoding older
+// scripts and data files were written in, so no input is rejected.
+String fromUtf8OrCp1252(std::string_view text);
 
 // Simple (one code unit to one code unit) lower-casing, enough for identifiers and
 // for LCase/UCase outside the rare multi-unit mappings.

@@ -14,11 +14,17 @@ TEST(Text, Utf8RoundTripKeepsSurrogatePairs)
     EXPECT_EQ(toUtf8(s), utf8);
 }
 
-TEST(Text, InvalidUtf8IsWindows1252)
+TEST(Text, InvalidUtf8)
 {
-    EXPECT_EQ(fromUtf8("caf\xE9"), u"caf\u00E9");
-    EXPECT_EQ(fromUtf8("\x80"), u"\u20AC");
-    EXPECT_EQ(fromUtf8("\xC3"), u"\u00C3"); // truncated sequence
+    // Text files: Windows-1252.
+    EXPECT_EQ(fromUtf8OrCp1252("caf\xE9"), u"caf\u00E9");
+    EXPECT_EQ(fromUtf8OrCp1252("\x80"), u"\u20AC");
+    EXPECT_EQ(fromUtf8OrCp1252("\xC3"), u"\u00C3"); // truncated sequence
+    // Names from the system: the same bytes come back.
+    for (const std::string bytes : {"caf\xE9.jpg", "\xC3", "a\xFF\xFE\x80b", "\xE2\x82"}) {
+        EXPECT_EQ(fromUtf8(bytes).size(), bytes.size()) << bytes;
+        EXPECT_EQ(toUtf8(fromUtf8(bytes)), bytes);
+    }
     EXPECT_EQ(toUtf8(String(1, char16_t(0xD800))), "\xEF\xBF\xBD"); // lone surrogate
 }
 

@@ -18,7 +18,7 @@ String decodeText(const std::string& bytes) {
         return out;
     }
     const bool bom = bytes.size() >= 3 && bytes.compare(0, 3, "\xEF\xBB\xBF") == 0;
-    return fromUtf8(std::string_view(bytes).substr(bom ? 3 : 0));
+    return fromUtf8OrCp1252(std::string_view(bytes).substr(bom ? 3 : 0));
 }
 
 class TextStream : public TableDispatch<TextStream> {

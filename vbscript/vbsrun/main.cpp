@@ -37,7 +37,7 @@ int main(int argc, char** argv)
 #endif
     control.addObject(u"WScript", vbsrun::makeWScript(host, path, {argv + 2, argv + argc}));
     try {
-        if (control.addCode(vbs::fromUtf8(text))) {
+        if (control.addCode(vbs::fromUtf8OrCp1252(text))) {
             std::fflush(stdout);
             return 0;
         }
