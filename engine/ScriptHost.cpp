@@ -34,6 +34,7 @@ int exitStatus(ScriptStatus status) {
     case ScriptStatus::Failed:
         return 1;
     case ScriptStatus::NoEngine:
+    case ScriptStatus::Refused:
         return 2;
     }
     return 2;
@@ -106,12 +107,17 @@ QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* sta
 RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const RunOptions& options) {
     const RunPlan plan = prepareRun(commandLine, options);
     RunOutcome outcome;
+    outcome.problems = plan.problems;
+    outcome.skippedFiles = plan.skippedFiles;
     ScriptHostServices& services = scriptHostServices();
     switch (plan.next) {
     case RunPlan::Next::Nothing:
         break;
+    case RunPlan::Next::Refuse:
+        outcome.status = ScriptStatus::Refused;
+        break;
     case RunPlan::Next::Run:
-        loadProgressWindow().beginRun(plan.fileCount);
+        loadProgressWindow().beginRun(plan.files);
         outcome.result = RunScript(plan.script, previewMode, &outcome.status);
         ConsoleLine::finish(); // the shell's prompt or the next message starts on a line of its own
         if (plan.exitAfterRun)

@@ -38,15 +38,19 @@ ScriptHostServices& scriptHostServices();
 // The progress window, loaded (without being shown) on first use; it stays loaded.
 frmConvProgress& loadProgressWindow();
 
-enum class ScriptStatus { NotRun, Succeeded, Failed, NoEngine };
+// Refused: the line named a source that cannot be used (or can never run), so nothing ran.
+enum class ScriptStatus { NotRun, Succeeded, Failed, NoEngine, Refused };
 
 // How a command-line run went, for the process's exit status.
 struct RunOutcome {
     QString result; // what RunCommandLine returns
     ScriptStatus status = ScriptStatus::NotRun;
+    QStringList problems; // why the line was refused, or what the run left out
+    int skippedFiles = 0; // photos of the named folders that could not be named
 };
 
-// The process's exit status after a run: 0 success (or nothing run), 1 script error, 2 no engine.
+// The process's exit status after a run: 0 success (or nothing run), 1 script error, 2 the line
+// could not be carried out (no engine, refused).
 int exitStatus(ScriptStatus status);
 
 // Runs one finished script: "" after success and after a failure shown in a box; in preview

@@ -48,7 +48,13 @@ void frmConvProgress::setBackend(std::unique_ptr<ProgressBackend> backend) {
     render();
 }
 
+void frmConvProgress::beginRun(const QStringList& files) {
+    beginRun(int(files.size()));
+    m_runFiles = files;
+}
+
 void frmConvProgress::beginRun(int fileCount) {
+    m_runFiles.clear();
     m_state.fileCount = fileCount > 0 ? fileCount : 0;
     m_state.fileNumber = 0;
     m_state.photosPerSecond = 0;

@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 namespace imaging {
@@ -56,6 +57,10 @@ public:
 
     // Start of a batch of fileCount photos (0 = unknown): counting and timing start over.
     void beginRun(int fileCount);
+    // Start of a batch over these photos; the effects object tells the imaging control, so that
+    // no save of the run can replace another of its photos.
+    void beginRun(const QStringList& files);
+    const QStringList& runFiles() const { return m_runFiles; }
     const ProgressState& state() const { return m_state; }
 
     // The imaging control every batch works on. Created by the effects factory on first use and
@@ -70,4 +75,5 @@ private:
     std::unique_ptr<ProgressBackend> m_backend;
     ProgressState m_state;
     QElapsedTimer m_clock;
+    QStringList m_runFiles;
 };

@@ -39,12 +39,33 @@ bool IsSupportedImageFile(const QString& path);
 // to the next "/" or the end. *present tells whether the switch occurs at all.
 QString switchValue(const QString& line, const QString& switchName, bool* present = nullptr);
 
-// The ProcessEffects calls for the files named by "/folder:", "/folderall:" and "/files:".
-// *hasSource is false when the line has neither a folder file nor a "/files:" switch, in which
-// case the main-code placeholder is to stay as it is.
-// Entries naming no existing folder or file are left out; `warn`, when set, is told of each.
-QString buildMainCode(const QString& line, bool* hasSource,
-                      const std::function<void(const QString&)>& warn = {});
+// The photos named by "/files:", "/folder:" and "/folderall:", explicit files first, then the
+// folders' files. Entries are kept as a list from the folder walk to the script, so no name is
+// ever split or joined into another path.
+struct FileList {
+    QStringList files;      // existing photos in processing order, in the "\" form
+    bool hasSource = false; // a "/files:" switch, or a folder that gave files
+    int skipped = 0;        // photos of the folders left out for names that cannot be written
+};
+
+// Reports of the command-line run: `problem` is told of every named source that cannot be used
+// (a missing photo, folder or stored file, a folder without photos); `note` of what is worth
+// knowing but changes nothing (a link to a folder left out, an empty stored file waited for).
+struct Reports {
+    std::function<void(const QString&)> problem;
+    std::function<void(const QString&)> note;
+};
+
+// Folder walks stay inside the folder: links to folders are followed only with followLinks.
+// A name holding "\" cannot be written in the "\" form; it is told to `note` and left out.
+FileList collectFiles(const QString& line, const Reports& reports, bool followLinks = false);
+
+// One ProcessEffects call per photo, each path an escaped string expression.
+QString mainCodeFor(const QStringList& files);
+
+// A script expression for any text: a string literal with its quotes doubled; CR and LF, which
+// cannot stand inside a literal, are joined in as vbCr and vbLf.
+QString scriptStringExpression(const QString& text);
 
 // The body of ProcessEffects from the line's "/fx.", "/progress." and "/cmd:" items.
 QString buildEffectsBody(const QString& line);
@@ -54,11 +75,13 @@ QString buildEffectsBody(const QString& line);
 struct RunOptions {
     // Folder holding "Data\template.txt", in the "\" form; empty means the program's folder.
     QString programFolder;
-    // Tests only: asked before each pass of the "/loadcmdscript:" and "/loadvt3script:"
-    // expansion loops; returning false stops the loop. Without it, an existing empty file makes
-    // the loop go on for ever, which is the defined behaviour of those switches.
+    // No window can be shown: a batch then writes files whether or not it ends with "/exit".
+    // A batch that writes files refuses to start when a source it names cannot be used.
+    bool headless = false;
+    // Tests only: asked before each wait for an empty "/loadcmdscript:" or "/loadvt3script:"
+    // file; returning false stops waiting. Without it, the run waits until the file holds text.
     std::function<bool()> expansionGuard;
-    // Told of what the run leaves out silently (a missing folder, photo, template or stored
+    // Told of what a run that may go on leaves out (a missing folder, photo, template or stored
     // command line), so the command-line tool can say so on stderr.
     std::function<void(const QString&)> warn;
 };
@@ -68,12 +91,18 @@ struct RunPlan {
         Nothing,    // a lone "/exit": start nothing
         Run,        // run `script`, then end the process (exitAfterRun) or open the main window
         OpenWindow, // open the main window; `script` is set when it was built but not run
+        Refuse,     // the line cannot be carried out; `problems` says why, nothing was touched
     };
     Next next = Next::Nothing;
     QString line;   // the command line after expansion and the automatic additions
     QString script; // the finished script text
     bool exitAfterRun = false;
+    QStringList files; // the photos of the ProcessEffects calls, in order
     int fileCount = 0; // ProcessEffects calls generated, for the progress display
+    // Photos of the named folders that were left out (names that cannot be expressed).
+    int skippedFiles = 0;
+    // Named sources that cannot be used; in a refused plan, each reason to refuse.
+    QStringList problems;
     // Interactive start: the text for the command-line view; empty keeps the scripting view.
     QString commandViewText;
 };

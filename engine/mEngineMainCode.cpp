@@ -9,27 +9,61 @@ namespace mEngineMain {
 
 namespace {
 
-using Warn = std::function<void(const QString&)>;
-
-void tell(const Warn& warn, const QString& text) {
-    if (warn) warn(text);
+void tell(const std::function<void(const QString&)>& sink, const QString& text) {
+    if (sink) sink(text);
 }
 
-// "path;" for every image file of every existing folder named in the switch's value.
-QString folderFiles(const QString& line, const QString& switchName, bool includeSubfolders,
-                    const Warn& warn) {
-    QString list;
+// The image files of every folder named in the switch's value, appended to `files`.
+void addFolderFiles(FileList& list, QStringList& files, const QString& line,
+                    const QString& switchName, bool includeSubfolders, const Reports& reports,
+                    bool followLinks) {
     for (const QString& entry : switchValue(line, switchName).split(u';')) {
         const QString folder = entry.trimmed();
+        if (folder.isEmpty()) continue;
         if (!mFile::FolderExists(folder)) {
-            if (!folder.isEmpty())
-                tell(warn, QStringLiteral("folder not found: %1 (%2)").arg(folder, switchName));
+            tell(reports.problem,
+                 QStringLiteral("folder not found: %1 (%2)").arg(folder, switchName));
             continue;
         }
-        for (const QString& path : mFile::EnumerateFiles(folder, imageFilter(), includeSubfolders))
-            list += path + u';';
+        mFile::Enumeration walk;
+        walk.followLinks = followLinks;
+        const QStringList found =
+            mFile::EnumerateFiles(folder, imageFilter(), includeSubfolders, &walk);
+        for (const QString& link : walk.folderLinks)
+            tell(reports.note, QStringLiteral("not following the link to a folder: %1 (add "
+                                              "/followlinks to follow links)")
+                                   .arg(link));
+        for (const QString& name : walk.unnameable)
+            tell(reports.note, QStringLiteral("skipped %1: a name holding \"\\\" cannot be written "
+                                              "as a path here; rename it to process it")
+                                   .arg(name));
+        list.skipped += int(walk.unnameable.size());
+        if (found.isEmpty())
+            tell(reports.problem, QStringLiteral("no photos in %1 (%2)").arg(folder, switchName));
+        files += found;
     }
-    return list;
+}
+
+// The "/files:" entries: a bare name is looked for in the folder of the entry before it.
+void addListedFiles(QStringList& files, const QString& value, const Reports& reports) {
+    QString lastFolder;
+    for (QString entry : value.split(u';')) {
+        if (entry.trimmed().isEmpty()) continue;
+        if (!mFile::FileExists(entry)) {
+            const QString inLastFolder = mFile::AddBackslash(lastFolder) + entry;
+            if (!mFile::FileExists(inLastFolder)) {
+                tell(reports.problem,
+                     mFile::FolderExists(entry)
+                         ? QStringLiteral("%1 is a folder: /folder: takes folders (/files:)")
+                               .arg(entry.trimmed())
+                         : QStringLiteral("photo not found: %1 (/files:)").arg(entry.trimmed()));
+                continue;
+            }
+            entry = inLastFolder;
+        }
+        lastFolder = mFile::GetPathPart(entry, 1);
+        files.append(entry);
+    }
 }
 
 bool startsWithWord(const QString& item, QLatin1String word) {
@@ -38,38 +72,44 @@ bool startsWithWord(const QString& item, QLatin1String word) {
 
 } // namespace
 
-QString buildMainCode(const QString& line, bool* hasSource, const Warn& warn) {
-    // Two statements: the warnings come in the order of the switches.
-    QString folderList = folderFiles(line, QStringLiteral("/folder:"), false, warn);
-    folderList += folderFiles(line, QStringLiteral("/folderall:"), true, warn);
+FileList collectFiles(const QString& line, const Reports& reports, bool followLinks) {
+    // The folders first, so that their reports come in the order of the switches.
+    FileList list;
+    QStringList folderFiles;
+    addFolderFiles(list, folderFiles, line, QStringLiteral("/folder:"), false, reports,
+                   followLinks);
+    addFolderFiles(list, folderFiles, line, QStringLiteral("/folderall:"), true, reports,
+                   followLinks);
     bool hasFilesSwitch = false;
     const QString explicitFiles = switchValue(line, QStringLiteral("/files:"), &hasFilesSwitch);
-    *hasSource = hasFilesSwitch || !folderList.isEmpty();
-    if (!*hasSource) return {};
+    list.hasSource = hasFilesSwitch || !folderFiles.isEmpty();
+    if (!list.hasSource) return list;
+    addListedFiles(list.files, explicitFiles, reports);
+    list.files += folderFiles;
+    if (list.files.isEmpty()) tell(reports.problem, QStringLiteral("no photo to process"));
+    return list;
+}
 
-    // Explicit files first, in their order, then the folders' files.
-    const QString working =
-        folderList.isEmpty() ? explicitFiles : explicitFiles + u';' + folderList;
-    QString code;
-    QString lastFolder;
-    for (QString entry : (working + u';').split(u';')) {
-        // A bare name is looked for in the folder of the entry before it.
-        if (!mFile::FileExists(entry)) {
-            const QString inLastFolder = mFile::AddBackslash(lastFolder) + entry;
-            if (!entry.trimmed().isEmpty() && !mFile::FileExists(inLastFolder))
-                tell(warn,
-                     mFile::FolderExists(entry)
-                         ? QStringLiteral("%1 is a folder: /folder: takes folders (/files:)")
-                               .arg(entry.trimmed())
-                         : QStringLiteral("photo not found: %1 (/files:)").arg(entry.trimmed()));
-            entry = mFile::FileExists(inLastFolder) ? inLastFolder : QString();
-        }
-        if (!entry.isEmpty()) lastFolder = mFile::GetPathPart(entry, 1);
-        // Written exactly as it stands: a quote in a path is not doubled.
-        if (mFile::FileExists(entry))
-            code += QStringLiteral("ProcessEffects \"") + entry + QStringLiteral("\"\r\n");
+QString scriptStringExpression(const QString& text) {
+    QString out = QStringLiteral("\"");
+    for (const QChar c : text) {
+        if (c == u'"')
+            out += QStringLiteral("\"\"");
+        else if (c == u'\r')
+            out += QStringLiteral("\" & vbCr & \"");
+        else if (c == u'\n')
+            out += QStringLiteral("\" & vbLf & \"");
+        else
+            out += c;
     }
-    if (code.isEmpty()) tell(warn, QStringLiteral("no photo to process"));
+    return out + u'"';
+}
+
+QString mainCodeFor(const QStringList& files) {
+    QString code;
+    for (const QString& file : files)
+        code += QStringLiteral("ProcessEffects ") + scriptStringExpression(file) +
+                QStringLiteral("\r\n");
     return code;
 }
 

@@ -33,6 +33,7 @@ const char* const kUsage =
     "  /files:A;B;C          photos to process (a bare name is taken from the folder before it)\n"
     "  /folder:F;G           every image of these folders\n"
     "  /folderall:F          every image of this folder and its subfolders\n"
+    "  /followlinks          let /folderall: follow links to folders (left out by default)\n"
     "  /fx.<statement>       one statement on the effects object, e.g. /fx.ResizePercent 50\n"
     "  /progress.<statement> one statement on the progress display\n"
     "  /cmd:<statement>      any script statement\n"
@@ -44,10 +45,17 @@ const char* const kUsage =
     "Paths use \"\\\" as the folder separator, e.g. /files:~\\photos\\a.jpg\n"
     "A \"/\" always starts a new item, so no value can hold one. One double quote at each end\n"
     "of the whole line is removed: end a line with an item such as /exit, not a quoted text.\n"
+    "A batch that ends with /exit, or runs without a display, starts only when every file,\n"
+    "folder and stored line it names exists and the folders hold photos.\n"
     "Without a terminal, questions take their safe answer (No). Ctrl+C stops at once and\n"
     "removes unfinished saves.\n"
-    "Exit status: 0 done, 1 script error, 2 the command line could not be carried out\n"
-    "(no script engine, no display for the window), 130 interrupted.\n";
+    "Exit status:\n"
+    "  0    every listed photo was processed\n"
+    "  1    a script error stopped the run (the error was reported)\n"
+    "  2    the command line could not be carried out: a named source is missing, a folder\n"
+    "       has no photos, a photo's name could not be written as a path, a stored line\n"
+    "       includes itself, no script engine, or no display for the window\n"
+    "  130  interrupted\n";
 
 } // namespace
 
@@ -96,6 +104,16 @@ void printWarning(const QString& text) {
     std::fprintf(stderr, "vantorel: %s\n", TextCodec::forDisplay(text).constData());
 }
 
+// Why a line was refused, then that nothing was touched.
+int reportRefusal(const QStringList& problems) {
+    for (const QString& problem : problems)
+        printWarning(problem);
+    std::fputs("vantorel: nothing was run: the command line names what cannot be used (see "
+               "above)\n",
+               stderr);
+    return 2;
+}
+
 } // namespace
 
 int Main(int argc, char** argv) {
@@ -118,11 +136,21 @@ int Main(int argc, char** argv) {
     installServices(requests);
     mEngineMain::RunOptions options;
     options.warn = &printWarning;
+    options.headless = !hasDisplay();
     const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false, options);
-    if (requests.exitStatus) return *requests.exitStatus;
-    if (requests.windowRequested)
-        return refuseMainWindow(outcome.status != mEngineMain::ScriptStatus::NotRun);
-    return mEngineMain::exitStatus(outcome.status);
+    if (outcome.status == mEngineMain::ScriptStatus::Refused)
+        return reportRefusal(outcome.problems);
+    const bool batchRan = outcome.status != mEngineMain::ScriptStatus::NotRun;
+    int status =
+        requests.exitStatus ? *requests.exitStatus : mEngineMain::exitStatus(outcome.status);
+    if (requests.windowRequested) {
+        const int windowStatus = refuseMainWindow(batchRan);
+        // A script error was the first thing that went wrong; it decides the status.
+        if (status == 0) status = windowStatus;
+    }
+    // Photos left out for their names were not processed: the run did not do all it was asked.
+    if (status == 0 && outcome.skippedFiles > 0) status = 2;
+    return status;
 }
 
 } // namespace mVTSE_Main

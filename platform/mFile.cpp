@@ -63,10 +63,13 @@ bool nameLess(const QString& a, const QString& b) {
 struct Listing {
     QStringList files;
     QStringList folders;
+    QStringList folderLinks;
+    QStringList unnameableFiles; // names holding "\\"
+    QStringList unnameableFolders;
 };
 
 // Hidden entries (dot names) are left out, as a plain listing of normal files leaves them out.
-Listing listFolder(const fs::path& dir) {
+Listing listFolder(const fs::path& dir, bool followLinks) {
     Listing listing;
     std::error_code ec;
     fs::directory_iterator it(dir, ec);
@@ -74,9 +77,16 @@ Listing listFolder(const fs::path& dir) {
     for (const fs::directory_entry& entry : it) {
         const QString name = nameOf(entry.path());
         if (name.startsWith(u'.')) continue;
+        const bool unnameable = name.contains(u'\\');
         if (entry.is_regular_file(ec))
-            listing.files.append(name);
-        else if (entry.is_directory(ec))
+            (unnameable ? listing.unnameableFiles : listing.files).append(name);
+        else if (!entry.is_directory(ec))
+            continue;
+        else if (unnameable)
+            listing.unnameableFolders.append(name);
+        else if (entry.is_symlink(ec) && !followLinks)
+            listing.folderLinks.append(name);
+        else
             listing.folders.append(name);
     }
     std::sort(listing.files.begin(), listing.files.end(), nameLess);
@@ -91,15 +101,21 @@ QString foldedPattern(const QString& pattern) {
     return pattern == u"*.*" ? QStringLiteral("*") : pattern.toCaseFolded();
 }
 
+bool matchesAny(const QString& name, const QStringList& patterns) {
+    for (const QString& pattern : patterns)
+        if (matchesPattern(name, pattern)) return true;
+    return false;
+}
+
 void enumerateInto(QStringList& out, const QString& folder, const QStringList& patterns,
-                   bool includeSubfolders, std::set<fs::path>& visited) {
+                   bool includeSubfolders, std::set<fs::path>& visited, Enumeration& walk) {
     const QString base = AddBackslash(folder);
     const fs::path dir = toDisk(base);
     std::error_code ec;
     // A folder reached twice through links is listed once, so link cycles end.
     const fs::path identity = fs::canonical(dir, ec);
     if (!ec && !visited.insert(identity).second) return;
-    const Listing listing = listFolder(dir);
+    const Listing listing = listFolder(dir, walk.followLinks);
     QStringList folded;
     for (const QString& name : listing.files)
         folded.append(name.toCaseFolded());
@@ -108,9 +124,19 @@ void enumerateInto(QStringList& out, const QString& folder, const QStringList& p
         for (qsizetype i = 0; i < listing.files.size(); ++i)
             if (matchFrom(folded[i], 0, p, 0)) out.append(base + listing.files[i]);
     }
+    // Such a name is told apart from its folder, since in one path its "\" would read as one.
+    auto unnameable = [&](const QString& name) {
+        walk.unnameable.append(QStringLiteral("\"%1\" in %2").arg(name, base));
+    };
+    for (const QString& name : listing.unnameableFiles)
+        if (matchesAny(name, patterns)) unnameable(name);
     if (!includeSubfolders) return;
+    for (const QString& name : listing.unnameableFolders)
+        unnameable(name);
+    for (const QString& name : listing.folderLinks)
+        walk.folderLinks.append(base + name);
     for (const QString& sub : listing.folders)
-        enumerateInto(out, base + sub, patterns, true, visited);
+        enumerateInto(out, base + sub, patterns, true, visited, walk);
 }
 
 bool matchFrom(const QString& name, qsizetype n, const QString& pattern, qsizetype p) {
@@ -222,7 +248,8 @@ bool matchesPattern(const QString& name, const QString& pattern) {
     return matchFrom(name.toCaseFolded(), 0, foldedPattern(pattern), 0);
 }
 
-QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool includeSubfolders) {
+QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool includeSubfolders,
+                           Enumeration* walk) {
     QStringList wanted;
     for (const QString& pattern : patterns.split(u';')) {
         const QString trimmed = pattern.trimmed();
@@ -230,7 +257,8 @@ QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool 
     }
     QStringList out;
     std::set<fs::path> visited;
-    enumerateInto(out, folder, wanted, includeSubfolders, visited);
+    Enumeration defaults;
+    enumerateInto(out, folder, wanted, includeSubfolders, visited, walk ? *walk : defaults);
     return out;
 }
 

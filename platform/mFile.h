@@ -29,10 +29,22 @@ QString GetPathPart(const QString& path, int part);
 // or "/", so a path without an extension yields "".
 QString GetExtension(const QString& path);
 
+// How a folder walk treats links and names, and what it left out.
+struct Enumeration {
+    // Links to folders are left out (and listed in folderLinks) unless followed; a folder
+    // reached twice is listed once either way, so link cycles end.
+    bool followLinks = false;
+    QStringList folderLinks; // links to folders that were not followed
+    // Entries whose name holds "\", which the "\" form cannot express, as "name" in folder.
+    QStringList unnameable;
+};
+
 // Full paths of the normal files in folder matching the ";"-separated patterns: grouped by
 // pattern (a file matching two patterns is listed twice), then, with includeSubfolders, each
-// subfolder depth-first after the folder's own files.
-QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool includeSubfolders);
+// subfolder depth-first after the folder's own files. A link to a file counts as that file;
+// other special files (pipes, devices, sockets) are left out.
+QStringList EnumerateFiles(const QString& folder, const QString& patterns, bool includeSubfolders,
+                           Enumeration* walk = nullptr);
 
 // The file's size in Bytes (level 0), KB, MB, GB or TB (levels 1-4); 0 for a missing file.
 // grouped formats with thousands separators, no decimals for Bytes and KB, two for larger units.

@@ -63,37 +63,48 @@ TEST_F(BadInputTest, APhotoThatDoesNotDecodeIsNamedAndLeftAlone) {
     EXPECT_EQ(read("in/text.jpg"), QByteArray("this is no photo\n"));
 }
 
-TEST_F(BadInputTest, AMissingFolderIsNamedAndTheOtherSourcesStillRun) {
-    const ProcessResult r = run({"/folder:" + path("gone") + ";" + path("in"),
-                                 "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_TRUE(contains(r.err, "vantorel: folder not found: " + path("gone") + " (/folder:)\n"))
-        << r.err;
-    EXPECT_TRUE(sizeOf("in/o_a.jpg"));
-    EXPECT_TRUE(sizeOf("in/o_c.jpg"));
-}
-
-TEST_F(BadInputTest, OnlyAMissingFolderRunsNoPhotoAndSaysSo) {
-    const ProcessResult r = run({"/folder:" + path("gone"), "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_TRUE(contains(r.err, "folder not found: " + path("gone"))) << r.err;
+TEST_F(BadInputTest, ATypoInAnyNamedSourceStopsTheRunBeforeAnyPhoto) {
+    // Each source alone, then all at once: every one is named, nothing is touched.
+    const QByteArray before = read("in/a.jpg");
+    const std::vector<std::pair<std::string, std::string>> typos{
+        {"/folder:" + path("in") + ";" + path("gone"),
+         "folder not found: " + path("gone") + " (/folder:)"},
+        {"/files:" + path("in\\a.jpg") + ";b.jpg", "photo not found: b.jpg (/files:)"},
+        {"/loadcmdscript:" + path("none.cmd"),
+         "file not found: " + path("none.cmd") + " (/loadcmdscript:)"},
+        {"/loadvt3script:" + path("none.vt3"),
+         "file not found: " + path("none.vt3") + " (/loadvt3script:)"},
+        {"/scriptfile:" + path("none.txt"), "script template not found: " + path("none.txt")},
+    };
+    std::vector<std::string> all{"/files:" + path("in\\a.jpg"), "/fx.ResizePercent 50",
+                                 "/fx.savefile", "/exit"};
+    for (const auto& [item, message] : typos) {
+        const ProcessResult r = run(
+            {item, "/files:" + path("in\\a.jpg"), "/fx.ResizePercent 50", "/fx.savefile", "/exit"});
+        EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+        EXPECT_TRUE(contains(r.err, "vantorel: " + message)) << r.err;
+        EXPECT_TRUE(contains(r.err, "vantorel: nothing was run")) << r.err;
+        all.insert(all.begin(), item);
+    }
+    const ProcessResult r = run(all);
+    EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+    for (const auto& typo : typos)
+        EXPECT_TRUE(contains(r.err, typo.second)) << r.err;
+    EXPECT_EQ(read("in/a.jpg"), before);
     EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "c.jpg"}));
 }
 
-TEST_F(BadInputTest, MissingSwitchFilesAreNamedAndTheRunGoesOn) {
-    const ProcessResult r =
-        run({"/scriptfile:" + path("none.txt"), "/loadcmdscript:" + path("none.cmd"),
-             "/loadvt3script:" + path("none.vt3"), "/files:" + path("in\\a.jpg"),
-             "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_TRUE(contains(r.err, "script template not found: " + path("none.txt") +
-                                    " (/scriptfile:); using the default"))
-        << r.err;
-    EXPECT_TRUE(contains(r.err, "file not found: " + path("none.cmd") + " (/loadcmdscript:)"))
-        << r.err;
-    EXPECT_TRUE(contains(r.err, "file not found: " + path("none.vt3") + " (/loadvt3script:)"))
-        << r.err;
-    EXPECT_TRUE(sizeOf("in/o_a.jpg")); // the default template ran the batch
+TEST_F(BadInputTest, NothingToDoIsNotSuccess) {
+    QDir().mkpath(nativePath("empty"));
+    const ProcessResult r = run({"/folder:" + path("empty"), "/fx.savefile", "/exit"});
+    EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
+    EXPECT_TRUE(contains(r.err, "no photos in " + path("empty") + " (/folder:)")) << r.err;
+    // Without /exit and without a display: a script error is still 1, a clean run 2 (no window).
+    const ProcessResult failed = run({"/files:" + path("in\\a.jpg"), "/cmd:Err.Raise 5"});
+    EXPECT_TRUE(failed.exited && failed.status == 1) << describe(failed);
+    const ProcessResult missing = run({"/files:" + path("in\\b.jpg"), "/fx.Blur"});
+    EXPECT_TRUE(missing.exited && missing.status == 2) << describe(missing);
+    EXPECT_TRUE(contains(missing.err, "photo not found")) << missing.err;
 }
 
 TEST_F(BadInputTest, SavingIntoAMissingFolderFailsWithoutLeavingAFile) {

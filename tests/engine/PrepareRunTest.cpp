@@ -104,11 +104,56 @@ TEST_F(PrepareRun, MissingOrEmptyScriptFileFallsBackToTheTemplate) {
 
 TEST_F(PrepareRun, MissingTemplateLeavesNoCode) {
     options.programFolder = tree.path("elsewhere");
-    const RunPlan plan = prepare("/files:" + tree.path("p\\a.jpg") + " /fx.Blur /exit");
+    const RunPlan plan = prepare("/files:" + tree.path("p\\a.jpg") + " /fx.Blur");
     EXPECT_EQ(plan.next, Next::Run);
     EXPECT_TRUE(plan.script.isEmpty());
-    EXPECT_TRUE(plan.exitAfterRun);
     EXPECT_TRUE(recorder.boxes.isEmpty()); // no effects placeholder, so no question
+}
+
+TEST_F(PrepareRun, ARunThatWritesFilesRefusesWhatItCannotUseBeforeAnything) {
+    tree.write("empty.txt", "");
+    const QString line =
+        "/scriptfile:" + tree.path("empty.txt") + " /loadcmdscript:" + tree.path("none.cmd") +
+        " /folder:" + tree.path("gone") + ";" + tree.path("p") + " /files:b.jpg /fx.Blur";
+    const QStringList problems{"file not found: " + tree.path("none.cmd") + " (/loadcmdscript:)",
+                               "script template is empty: " + tree.path("empty.txt") +
+                                   " (/scriptfile:); using the default",
+                               "folder not found: " + tree.path("gone") + " (/folder:)",
+                               "photo not found: b.jpg (/files:)"};
+    // Ending with /exit, or without a display: refused, and the question is never asked.
+    for (bool headless : {false, true}) {
+        options.headless = headless;
+        const RunPlan plan = prepare(line + (headless ? "" : " /exit"));
+        EXPECT_EQ(plan.next, Next::Refuse);
+        EXPECT_EQ(plan.problems, problems);
+        EXPECT_TRUE(plan.script.isEmpty());
+    }
+    EXPECT_TRUE(recorder.boxes.isEmpty());
+    // A run that opens the window afterwards goes on with what there is.
+    options.headless = false;
+    const RunPlan soft = prepare(line);
+    EXPECT_EQ(soft.next, Next::Run);
+    EXPECT_EQ(soft.files, QStringList{tree.path("p\\a.jpg")});
+}
+
+TEST_F(PrepareRun, StoredLinesThatIncludeThemselvesAreNamedInEveryMode) {
+    tree.write("leaf.txt", "/fx.Blur ");
+    tree.write("twice.txt", ("/loadcmdscript:" + tree.path("leaf.txt") +
+                             "/loadcmdscript:" + tree.path("leaf.txt") + "/fx.savefile")
+                                .toUtf8());
+    tree.write("a.txt", ("/fx.Blur /loadcmdscript:" + tree.path("b.txt") + "/fx.Sharpen").toUtf8());
+    tree.write("b.txt", ("/loadcmdscript:" + tree.path("a.txt") + "/exit").toUtf8());
+    // One file used twice is no cycle.
+    EXPECT_EQ(prepare("/loadcmdscript:" + tree.path("twice.txt")).line,
+              QStringLiteral("/fx.Blur /fx.Blur /fx.savefile /progress.show"));
+    const RunPlan plan = prepare("/loadcmdscript:" + tree.path("a.txt"));
+    EXPECT_EQ(plan.next, Next::Refuse);
+    EXPECT_EQ(plan.problems,
+              QStringList{tree.path("a.txt") + " includes itself (/loadcmdscript:): "
+                                               "a stored line cannot contain itself"});
+    tree.write("self.vt3", ("fx.Blur\r\n/loadvt3script:" + tree.path("self.vt3")).toUtf8());
+    EXPECT_EQ(prepare("/showscriptwindow /loadvt3script:" + tree.path("self.vt3")).next,
+              Next::Refuse);
 }
 
 TEST_F(PrepareRun, WithoutFileSourceTheMainPlaceholderStays) {
