@@ -133,7 +133,13 @@ RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const Ru
 }
 
 QString RunCommandLine(const QString& commandLine, bool previewMode) {
-    return runCommandLine(commandLine, previewMode).result;
+    const RunOutcome outcome = runCommandLine(commandLine, previewMode);
+    if (outcome.status != ScriptStatus::Refused) return outcome.result;
+    const QString why = outcome.problems.join(QStringLiteral("\r\n"));
+    if (previewMode) return why;
+    messages().inform(QStringLiteral("Cannot Run"),
+                      why + QStringLiteral("\r\n\r\nNothing was run."), MsgIcon::Exclamation);
+    return {};
 }
 
 } // namespace mEngineMain

@@ -58,7 +58,8 @@ int exitStatus(ScriptStatus status);
 QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status = nullptr);
 
 // The engine's single entry: expands and runs the line, then ends the process ("/exit") or
-// opens the main window, through scriptHostServices().
+// opens the main window, through scriptHostServices(). A line that cannot be carried out (a
+// stored line that includes itself, say) is explained in a box, or returned in preview mode.
 QString RunCommandLine(const QString& commandLine, bool previewMode);
 RunOutcome runCommandLine(const QString& commandLine, bool previewMode,
                           const RunOptions& options = {});

@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <cstdio>
+#include <memory>
 #include <optional>
 
 #ifdef VANTOREL_HAVE_SCRIPT_ENGINE
@@ -14,6 +15,19 @@
 #endif
 #ifdef VANTOREL_HAVE_EFFECTS
 #include "engine/EffectsFactory.h"
+#endif
+#ifdef VANTOREL_HAVE_WORKBENCH
+#include "views/Workbench.h"
+#else
+// A build without the workbench: never a window.
+class Workbench {
+public:
+    static bool displayAvailable() { return false; }
+    Workbench(int&, char**) {}
+    void showMainWindow(const QString&) {}
+    bool windowShown() const { return false; }
+    int exec() { return 0; }
+};
 #endif
 
 namespace mVTSE_Main {
@@ -60,9 +74,7 @@ const char* const kUsage =
 } // namespace
 
 bool hasDisplay() {
-    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           qEnvironmentVariable("QT_QPA_PLATFORM") == u"offscreen";
+    return Workbench::displayAvailable();
 }
 
 namespace {
@@ -73,7 +85,7 @@ struct Requests {
     bool windowRequested = false;
 };
 
-void installServices(Requests& requests) {
+void installServices(Requests& requests, Workbench* workbench) {
     mEngineMain::ScriptHostServices& services = mEngineMain::scriptHostServices();
 #ifdef VANTOREL_HAVE_SCRIPT_ENGINE
     services.createEngine = &mEngineMain::createVbsScriptEngine;
@@ -82,14 +94,16 @@ void installServices(Requests& requests) {
     services.createEffects = &mEngineMain::createEffectsObject;
 #endif
     services.exitProcess = [&requests](int status) { requests.exitStatus = status; };
-    services.showMainWindow = [&requests](const QString&) { requests.windowRequested = true; };
+    services.showMainWindow = [&requests, workbench](const QString& commandViewText) {
+        requests.windowRequested = true;
+        if (workbench) workbench->showMainWindow(commandViewText);
+    };
 }
 
-// The main window belongs to the workbench, which this executable does not contain yet.
+// Without a display the main window cannot open; the batch, if any, has run.
 int refuseMainWindow(bool batchRan) {
-    const char* why = hasDisplay() ? "this build has no main window"
-                                   : "there is no display (DISPLAY and WAYLAND_DISPLAY are unset)";
-    std::fprintf(stderr, "vantorel: cannot open the main window: %s.\n", why);
+    std::fprintf(stderr, "vantorel: cannot open the main window: there is no display (DISPLAY "
+                         "and WAYLAND_DISPLAY are unset or unreachable).\n");
     if (batchRan)
         std::fputs("vantorel: the batch ran; add /exit to its command line to end after it.\n",
                    stderr);
@@ -132,25 +146,31 @@ int Main(int argc, char** argv) {
     }
     if (line.trimmed().toLower() == u"/exit") return 0;
 
+    // With a display every box is a Qt dialog and the progress shows in a window, for a batch
+    // too; without one nothing touches Qt Gui.
+    std::unique_ptr<Workbench> workbench;
+    if (hasDisplay()) workbench = std::make_unique<Workbench>(argc, argv);
     Requests requests;
-    installServices(requests);
+    installServices(requests, workbench.get());
     mEngineMain::RunOptions options;
     options.warn = &printWarning;
-    options.headless = !hasDisplay();
+    options.headless = !workbench;
     const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false, options);
     if (outcome.status == mEngineMain::ScriptStatus::Refused)
         return reportRefusal(outcome.problems);
-    const bool batchRan = outcome.status != mEngineMain::ScriptStatus::NotRun;
     int status =
         requests.exitStatus ? *requests.exitStatus : mEngineMain::exitStatus(outcome.status);
-    if (requests.windowRequested) {
-        const int windowStatus = refuseMainWindow(batchRan);
-        // A script error was the first thing that went wrong; it decides the status.
-        if (status == 0) status = windowStatus;
-    }
     // Photos left out for their names were not processed: the run did not do all it was asked.
     if (status == 0 && outcome.skippedFiles > 0) status = 2;
-    return status;
+    if (requests.exitStatus || !requests.windowRequested) return status;
+    if (!workbench) {
+        const int windowStatus =
+            refuseMainWindow(outcome.status != mEngineMain::ScriptStatus::NotRun);
+        // A script error was the first thing that went wrong; it decides the status.
+        return status == 0 ? windowStatus : status;
+    }
+    const int windowStatus = workbench->exec();
+    return status == 0 ? windowStatus : status;
 }
 
 } // namespace mVTSE_Main

@@ -286,7 +286,12 @@ QString programFolder() {
     std::error_code ec;
     const fs::path exe = fs::read_symlink("/proc/self/exe", ec);
     if (ec) return QStringLiteral(".");
-    return TextCodec::fromNativeName(NativePath::toBackslash(exe.parent_path()));
+    // Built, data/ lies beside the executable; installed, under <prefix>/share/vantorel.
+    fs::path folder = exe.parent_path();
+    const fs::path installed = folder.parent_path() / "share" / "vantorel";
+    if (!fs::is_directory(folder / "data", ec) && fs::is_directory(installed / "data", ec))
+        folder = installed;
+    return TextCodec::fromNativeName(NativePath::toBackslash(folder));
 }
 
 } // namespace mFile

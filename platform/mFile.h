@@ -82,7 +82,8 @@ bool matchesPattern(const QString& name, const QString& pattern);
 // so a failed write leaves the old file as it was.
 bool writeTextFile(const QString& path, const QString& text);
 
-// The folder of the running executable, in the "\" form, without a trailing "\".
+// The program folder, holding data and scripts: the executable's own folder in a build tree,
+// <prefix>\share\vantorel once installed. In the "\" form, without a trailing "\".
 QString programFolder();
 
 } // namespace mFile
