@@ -2,6 +2,7 @@
 #include "engine/ProgressObject.h"
 
 #include "platform/TextCodec.h"
+#include "vbscript/Engine.h"
 #include "vbscript/ScriptError.h"
 #include "vbscript/Text.h"
 
@@ -85,6 +86,9 @@ Value ProgressLabelObject::invoke(int memberId, InvokeKind kind, std::span<Value
     if (memberId != 0) vbs::raise(vbs::ErrorCode::NoSuchMember);
     if (isAssignment(kind)) {
         expectArguments(args, 1);
+        // The template names each photo here as it starts it: the place to stop when asked.
+        // The stop cannot be caught by the script's On Error Resume Next.
+        if (m_form.cancelRequested()) throw vbs::ScriptInterrupted{};
         m_form.setLabelCaption(textOf(*args[0]));
         return Value();
     }

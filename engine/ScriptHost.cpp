@@ -36,6 +36,8 @@ int exitStatus(ScriptStatus status) {
     case ScriptStatus::NoEngine:
     case ScriptStatus::Refused:
         return 2;
+    case ScriptStatus::Cancelled:
+        return 130;
     }
     return 2;
 }
@@ -100,6 +102,10 @@ QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* sta
     QString result;
     const std::optional<ScriptFailure> failure = runSteps(*engine, scriptText, progress, &result);
     if (!failure) return result;
+    if (progress.cancelRequested()) {
+        outcome = ScriptStatus::Cancelled;
+        return {};
+    }
     outcome = ScriptStatus::Failed;
     return reportFailure(scriptText, *failure, previewMode);
 }

@@ -39,7 +39,8 @@ ScriptHostServices& scriptHostServices();
 frmConvProgress& loadProgressWindow();
 
 // Refused: the line named a source that cannot be used (or can never run), so nothing ran.
-enum class ScriptStatus { NotRun, Succeeded, Failed, NoEngine, Refused };
+// Cancelled: the user stopped the batch between two photos.
+enum class ScriptStatus { NotRun, Succeeded, Failed, NoEngine, Refused, Cancelled };
 
 // How a command-line run went, for the process's exit status.
 struct RunOutcome {
@@ -50,7 +51,7 @@ struct RunOutcome {
 };
 
 // The process's exit status after a run: 0 success (or nothing run), 1 script error, 2 the line
-// could not be carried out (no engine, refused).
+// could not be carried out (no engine, refused), 130 cancelled (as an interrupt).
 int exitStatus(ScriptStatus status);
 
 // Runs one finished script: "" after success and after a failure shown in a box; in preview

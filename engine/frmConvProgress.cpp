@@ -40,11 +40,13 @@ frmConvProgress::frmConvProgress(std::unique_ptr<ProgressBackend> backend)
     : m_backend(backend ? std::move(backend) : std::make_unique<ConsoleProgressBackend>()) {
     m_state.caption = QStringLiteral("Vantorel 3 - Converting");
     m_state.label = kLabelText;
+    m_backend->setCancelHandler([this] { requestCancel(); });
     m_clock.start();
 }
 
 void frmConvProgress::setBackend(std::unique_ptr<ProgressBackend> backend) {
     m_backend = std::move(backend);
+    if (m_backend) m_backend->setCancelHandler([this] { requestCancel(); });
     render();
 }
 
@@ -55,10 +57,16 @@ void frmConvProgress::beginRun(const QStringList& files) {
 
 void frmConvProgress::beginRun(int fileCount) {
     m_runFiles.clear();
+    m_state.cancelRequested = false;
     m_state.fileCount = fileCount > 0 ? fileCount : 0;
     m_state.fileNumber = 0;
     m_state.photosPerSecond = 0;
     m_clock.restart();
+}
+
+void frmConvProgress::requestCancel() {
+    m_state.cancelRequested = true;
+    render();
 }
 
 void frmConvProgress::Show() {

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 namespace imaging {
@@ -13,12 +14,13 @@ class ImagingControl;
 // What a backend needs to draw the progress of a batch.
 struct ProgressState {
     bool visible = false;
-    QString caption;             // the window's caption
-    QString label;               // the text of Label1
-    int fileNumber = 0;          // 1-based number of the photo being converted; 0 before the first
-    int fileCount = 0;           // photos in the batch; 0 when unknown
-    double photosPerSecond = 0;  // finished photos per second of the run so far; 0 when unknown
-    QString currentName() const; // the label without its fixed "Now Converting:" text
+    QString caption;              // the window's caption
+    QString label;                // the text of Label1
+    int fileNumber = 0;           // 1-based number of the photo being converted; 0 before the first
+    int fileCount = 0;            // photos in the batch; 0 when unknown
+    double photosPerSecond = 0;   // finished photos per second of the run so far; 0 when unknown
+    bool cancelRequested = false; // the user asked to stop before the next photo
+    QString currentName() const;  // the label without its fixed "Now Converting:" text
 };
 
 // Draws the progress somewhere: a terminal line, a window. Called on every change.
@@ -28,6 +30,8 @@ public:
     virtual void render(const ProgressState& state) = 0;
     // Lets the platform handle pending events once (a window repaints; a terminal has none).
     virtual void processEvents() {}
+    // A backend with a Cancel button calls this when it is pressed.
+    virtual void setCancelHandler(std::function<void()> handler) { (void)handler; }
 };
 
 // A line on stderr while the progress is shown: "file n of N, name, r photos per second",
@@ -68,6 +72,11 @@ public:
     std::shared_ptr<imaging::ImagingControl> engine_IX;
 
     void setBackend(std::unique_ptr<ProgressBackend> backend);
+
+    // Cancel asked for: the batch stops when the next photo would start, so the photo being
+    // converted is finished (or fails) as it would have without it. beginRun clears it.
+    void requestCancel();
+    bool cancelRequested() const { return m_state.cancelRequested; }
 
 private:
     void render();

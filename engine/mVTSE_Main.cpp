@@ -69,7 +69,7 @@ const char* const kUsage =
     "  2    the command line could not be carried out: a named source is missing, a folder\n"
     "       has no photos, a photo's name could not be written as a path, a stored line\n"
     "       includes itself, no script engine, or no display for the window\n"
-    "  130  interrupted\n";
+    "  130  interrupted (Ctrl+C, or Cancel in the progress window)\n";
 
 } // namespace
 

@@ -28,6 +28,12 @@ TEST_F(GuiTest, ProgressWindowFollowsTheScript) {
     EXPECT_EQ(view->bar()->value(), 2);
     EXPECT_EQ(view->bar()->maximum(), 4);
     progress.DoXEvents();
+    // Cancel asks the run to stop; the button says it is on its way.
+    view->cancelButton()->click();
+    EXPECT_TRUE(progress.cancelRequested());
+    EXPECT_FALSE(view->cancelButton()->isEnabled());
+    progress.beginRun(4);
+    EXPECT_FALSE(progress.cancelRequested());
     progress.Hide();
     EXPECT_FALSE(view->isVisible());
 }

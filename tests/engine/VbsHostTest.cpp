@@ -16,6 +16,15 @@ struct NullBackend : ProgressBackend {
     void render(const ProgressState&) override {}
 };
 
+// A Cancel button pressed while the first photo is being converted.
+struct CancellingBackend : NullBackend {
+    void processEvents() override {
+        if (cancel) cancel();
+    }
+    void setCancelHandler(std::function<void()> handler) override { cancel = std::move(handler); }
+    std::function<void()> cancel;
+};
+
 // A template without fx, so that these runs need no imaging.
 const QByteArray kTemplate = "Sub Main()\r\n"
                              "'{MainCode}'\r\n"
@@ -140,4 +149,21 @@ TEST_F(VbsHostTest, MissingTemplateRunsNoCodeAndReportsTheMissingMain) {
     recorder.boxes.clear();
     EXPECT_EQ(runCommandLine("/fx.Blur /exit", false, options).status, ScriptStatus::Refused);
     EXPECT_TRUE(recorder.boxes.isEmpty());
+}
+
+TEST_F(VbsHostTest, CancelStopsBeforeTheNextPhotoWithoutAnErrorBox) {
+    loadProgressWindow().setBackend(std::make_unique<CancellingBackend>());
+    const QString line =
+        "/folder:" + tree.path("p") +
+        " /cmd:On Error Resume Next /cmd:MsgBox progress.Label1 /fx.savefile /exit";
+    const RunOutcome outcome = runCommandLine(line, false, options);
+    EXPECT_EQ(outcome.status, ScriptStatus::Cancelled);
+    EXPECT_EQ(exitStatus, 130);
+    ASSERT_EQ(recorder.boxes.size(), 1); // the first photo's statements ran; the second never began
+    EXPECT_EQ(recorder.boxes[0].text, "Now Converting: " + tree.path("p\\a.jpg"));
+    // The next run starts afresh.
+    loadProgressWindow().setBackend(std::make_unique<NullBackend>());
+    EXPECT_EQ(
+        runCommandLine("/folder:" + tree.path("p") + " /cmd:x = 1", false, options).status,
+        ScriptStatus::Succeeded);
 }
