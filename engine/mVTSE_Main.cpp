@@ -27,6 +27,7 @@ public:
     void showMainWindow(const QString&) {}
     bool windowShown() const { return false; }
     int exec() { return 0; }
+    void exit(int) {}
 };
 #endif
 
@@ -93,7 +94,11 @@ void installServices(Requests& requests, Workbench* workbench) {
 #ifdef VANTOREL_HAVE_EFFECTS
     services.createEffects = &mEngineMain::createEffectsObject;
 #endif
-    services.exitProcess = [&requests](int status) { requests.exitStatus = status; };
+    // A line with "/exit" run from the window ends the process too, once the run is over.
+    services.exitProcess = [&requests, workbench](int status) {
+        requests.exitStatus = status;
+        if (workbench) workbench->exit(status);
+    };
     services.showMainWindow = [&requests, workbench](const QString& commandViewText) {
         requests.windowRequested = true;
         if (workbench) workbench->showMainWindow(commandViewText);
@@ -170,6 +175,7 @@ int Main(int argc, char** argv) {
         return status == 0 ? windowStatus : status;
     }
     const int windowStatus = workbench->exec();
+    if (requests.exitStatus) return *requests.exitStatus;
     return status == 0 ? windowStatus : status;
 }
 

@@ -52,3 +52,7 @@ bool Workbench::windowShown() const {
 int Workbench::exec() {
     return QApplication::exec();
 }
+
+void Workbench::exit(int status) {
+    QCoreApplication::exit(status);
+}

@@ -20,8 +20,9 @@ public:
     // Shows the main window; a non-empty text goes to the command-line view, which is shown.
     void showMainWindow(const QString& commandViewText);
     bool windowShown() const;
-    // Runs until the main window closes; the process's exit status.
+    // Runs until the main window closes, or a run from the window ends the process (exit).
     int exec();
+    void exit(int status);
 
 private:
     struct Parts;
