@@ -47,15 +47,11 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
     try {
         body();
     } catch (const ImagingError& e) {
+        if (e.code() == ErrorCode::ProcessingFailed) failIfJpegDamage(e.detail());
         m_lastError = e.number();
         throw;
     } catch (const vips::VError& e) {
-        // Pixels are decoded lazily, so damage libjpeg finds can surface in any member.
-        if (std::string_view(e.what()).find("VipsJpeg:") != std::string_view::npos &&
-            !m_fileName.empty()) {
-            m_lastError = static_cast<int32_t>(ErrorCode::DamagedImage);
-            failFromVips(ErrorCode::DamagedImage, m_fileName, e);
-        }
+        failIfJpegDamage(e.what());
         std::string message = e.what();
         vips_error_clear();
         while (!message.empty() && message.back() == '\n')
@@ -70,6 +66,16 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
         m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
         fail(ErrorCode::ProcessingFailed, std::string(what) + " (" + e.what() + ")");
     }
+}
+
+// Pixels are decoded lazily, so damage libjpeg finds can surface in any member, also through the
+// effects' own errors: it is reported as damage of the loaded photo.
+void ImagingControl::failIfJpegDamage(std::string_view message) {
+    size_t at = message.find("VipsJpeg:");
+    if (at == message.npos || m_fileName.empty()) return;
+    m_lastError = static_cast<int32_t>(ErrorCode::DamagedImage);
+    vips_error_clear();
+    fail(ErrorCode::DamagedImage, m_fileName + " (" + oneLine(message.substr(at)) + ")");
 }
 
 void ImagingControl::invoke(std::string_view operation, std::span<const Arg> args) {

@@ -122,6 +122,7 @@ public:
 
 private:
     template <class F> void guarded(std::string_view what, F&& body, bool clearsError = true);
+    void failIfJpegDamage(std::string_view message);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
     void materialise() const;
     void restreamIfConsumed() const;

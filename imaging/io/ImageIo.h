@@ -80,6 +80,9 @@ bool appendsPages(const FormatDef& format, const SaveOptions& options, bool targ
 void saveImage(const vips::VImage& image, const std::string& scriptPath, int32_t fileType,
                const SaveOptions& options, const std::string& sourceName = {});
 
+// A libvips message on one line, each of its lines once (libvips repeats some).
+std::string oneLine(std::string_view message);
+
 // Maps a libvips failure to the control's error, keeping the library's message.
 [[noreturn]] void failFromVips(ErrorCode code, const std::string& context, const vips::VError& e);
 

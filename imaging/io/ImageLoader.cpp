@@ -4,6 +4,7 @@
 #include <cctype>
 #include <cstring>
 #include <fstream>
+#include <vector>
 
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
@@ -29,11 +30,24 @@ void checkPixelLimit(std::string_view operation, int64_t width, int64_t height) 
                                        " pixels; the limit is 250 megapixels");
 }
 
+std::string oneLine(std::string_view message) {
+    std::vector<std::string_view> seen;
+    std::string text;
+    while (!message.empty()) {
+        size_t cut = std::min(message.find('\n'), message.size());
+        std::string_view line = message.substr(0, cut);
+        message.remove_prefix(std::min(cut + 1, message.size()));
+        while (!line.empty() && line.back() == ' ')
+            line.remove_suffix(1);
+        if (line.empty() || std::find(seen.begin(), seen.end(), line) != seen.end()) continue;
+        seen.push_back(line);
+        text += (text.empty() ? "" : " ") + std::string(line);
+    }
+    return text;
+}
+
 void failFromVips(ErrorCode code, const std::string& context, const vips::VError& e) {
-    std::string message = e.what();
-    while (!message.empty() && (message.back() == '\n' || message.back() == ' '))
-        message.pop_back();
-    std::replace(message.begin(), message.end(), '\n', ' ');
+    std::string message = oneLine(e.what());
     vips_error_clear();
     fail(code, context + " (" + message + ")");
 }
