@@ -1,5 +1,5 @@
 // The control's guards around a run: other photos of the run, images above the size limit, and
-// write permission by the system's rules.
+// write permission and ownership by the system's rules.
 #include <gtest/gtest.h>
 
 #include <grp.h>
@@ -95,7 +95,7 @@ TEST(ImagingSafety, NoOperationMakesAnImageAboveTheLimit) {
 }
 
 // Root passes every permission check, so the rules for users are tried as another user.
-TEST(ImagingSafety, WritePermissionFollowsTheSystemsRules) {
+TEST(ImagingSafety, AnotherUsersWritesFollowTheSystemsRulesAndKeepTheOwner) {
     if (::geteuid() != 0) GTEST_SKIP() << "acting as another user needs root";
     TempDir dir;
     ::chmod(dir.root().c_str(), 0777);
@@ -121,14 +121,31 @@ TEST(ImagingSafety, WritePermissionFollowsTheSystemsRules) {
         const gid_t groups[] = {65534};
         if (::setgroups(1, groups) != 0 || ::setgid(65533) != 0 || ::setuid(65534) != 0)
             ::_exit(99);
-        ::_exit((refused("theirs.jpg") ? 0 : 1) | (refused("group.jpg") ? 2 : 0) |
-                (refused("locked.jpg") ? 0 : 4));
+        int failed = (refused("theirs.jpg") ? 0 : 1) | (refused("group.jpg") ? 2 : 0) |
+                     (refused("locked.jpg") ? 0 : 4);
+        // This user cannot give a new file root's ownership, so the file is rewritten in place.
+        try {
+            SaveTarget target = resolveSaveTarget(dir.path("group.jpg"), "group.jpg");
+            std::filesystem::path temp = makeTemp(target);
+            testsupport::writeFile(temp.string(), "new picture");
+            replaceFile(temp, target, "group.jpg");
+        } catch (const ImagingError&) {
+            failed |= 8;
+        }
+        ::_exit(failed);
     }
     int status = 0;
     ::waitpid(pid, &status, 0);
     ASSERT_TRUE(WIFEXITED(status));
     EXPECT_EQ(WEXITSTATUS(status), 0) << "1: another user's 0644 file was writable, 2: a "
-                                         "group's 0664 file was not, 4: a 0444 file was";
+                                         "group's 0664 file was not, 4: a 0444 file was, "
+                                         "8: the group's file could not be replaced";
+    struct stat st {};
+    ASSERT_EQ(::stat(dir.str("group.jpg").c_str(), &st), 0);
+    EXPECT_EQ(testsupport::readFile(dir.str("group.jpg")), "new picture");
+    EXPECT_EQ(st.st_uid, 0u);
+    EXPECT_EQ(st.st_gid, 65534u);
+    EXPECT_EQ(dir.entries().size(), 3u); // no temporary file left
     // Root may write any file, but not one without a write bit.
     EXPECT_FALSE(refused("theirs.jpg"));
     EXPECT_TRUE(refused("locked.jpg"));
