@@ -5,6 +5,7 @@
 #include <cmath>
 #include <filesystem>
 #include <mutex>
+#include <utility>
 
 #include "imaging/Property.h"
 #include "imaging/io/Formats.h"
@@ -43,7 +44,12 @@ ImagingControl::~ImagingControl() = default;
 // library's message kept, recording its code for ImagError.
 template <class F> void ImagingControl::guarded(std::string_view what, F&& body, bool clearsError) {
     if (clearsError) m_lastError = 0;
-    m_running = what;
+    // Members nest (setting FileName loads): the outer one is the running one again afterwards.
+    struct Running {
+        std::string_view& slot;
+        std::string_view outer;
+        ~Running() { slot = outer; }
+    } running{m_running, std::exchange(m_running, what)};
     try {
         body();
     } catch (const ImagingError& e) {

@@ -159,6 +159,8 @@ SaveTarget resolveSaveTarget(const fs::path& native, const std::string& scriptPa
     SaveTarget target;
     target.file = throughLinks(native, scriptPath);
     target.exists = ::stat(target.file.c_str(), &target.st) == 0;
+    if (target.exists && !S_ISREG(target.st.st_mode))
+        fail(ErrorCode::CannotWrite, scriptPath + " is not a file");
     if (target.exists) checkWritable(target.file, target.st, scriptPath);
     return target;
 }
