@@ -5,11 +5,13 @@
 #include <cmath>
 #include <filesystem>
 #include <mutex>
+#include <utility>
 
 #include "imaging/Property.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
 #include "imaging/ops/ImageHelpers.h"
+#include "platform/NativePath.h"
 
 namespace imaging {
 
@@ -21,6 +23,7 @@ void ensureVipsStarted() {
         if (VIPS_INIT("vantorel")) fail(ErrorCode::ProcessingFailed, "libvips failed to start");
         // Files are re-read after being overwritten in place; a cached decode would be stale.
         vips_cache_set_max(0);
+        blockOtherLoaders();
         // Failures reach the caller as errors with libvips' message; its warnings would only be
         // noise on a batch's stderr.
         g_log_set_handler(
@@ -41,12 +44,20 @@ ImagingControl::~ImagingControl() = default;
 // library's message kept, recording its code for ImagError.
 template <class F> void ImagingControl::guarded(std::string_view what, F&& body, bool clearsError) {
     if (clearsError) m_lastError = 0;
+    // Members nest (setting FileName loads): the outer one is the running one again afterwards.
+    struct Running {
+        std::string_view& slot;
+        std::string_view outer;
+        ~Running() { slot = outer; }
+    } running{m_running, std::exchange(m_running, what)};
     try {
         body();
     } catch (const ImagingError& e) {
+        if (e.code() == ErrorCode::ProcessingFailed) failIfJpegDamage(e.detail());
         m_lastError = e.number();
         throw;
     } catch (const vips::VError& e) {
+        failIfJpegDamage(e.what());
         std::string message = e.what();
         vips_error_clear();
         while (!message.empty() && message.back() == '\n')
@@ -61,6 +72,16 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
         m_lastError = static_cast<int32_t>(ErrorCode::ProcessingFailed);
         fail(ErrorCode::ProcessingFailed, std::string(what) + " (" + e.what() + ")");
     }
+}
+
+// Pixels are decoded lazily, so damage libjpeg finds can surface in any member, also through the
+// effects' own errors: it is reported as damage of the loaded photo.
+void ImagingControl::failIfJpegDamage(std::string_view message) {
+    size_t at = message.find("VipsJpeg:");
+    if (at == message.npos || m_fileName.empty()) return;
+    m_lastError = static_cast<int32_t>(ErrorCode::DamagedImage);
+    vips_error_clear();
+    fail(ErrorCode::DamagedImage, m_fileName + " (" + oneLine(message.substr(at)) + ")");
 }
 
 void ImagingControl::invoke(std::string_view operation, std::span<const Arg> args) {
@@ -146,6 +167,9 @@ const VImage& ImagingControl::imageForSave() {
 }
 
 void ImagingControl::setImage(VImage image) {
+    // libvips computes nothing until the pixels are read: refused here, an oversized result has
+    // cost no memory yet.
+    checkPixelLimit(m_running, image.width(), image.height());
     if (m_hasImage && storedBool("UndoEnabled")) m_undo.assign(1, this->image());
     m_image = std::move(image);
     m_streamed = false;
@@ -163,6 +187,16 @@ void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {
 
 namespace {
 
+namespace fs = std::filesystem;
+
+// The name a loaded photo goes by: as written, unless the file was found only by matching its
+// name without regard to case (a save takes names exactly); then the file actually read.
+std::string nameOfFileRead(const std::string& written, const std::string& native) {
+    std::error_code ec;
+    if (fs::equivalent(savePath(written), native, ec)) return written;
+    return NativePath::toBackslash(native);
+}
+
 VImage resizeExactly(const VImage& in, int32_t width, int32_t height, VipsKernel kernel) {
     double hs = double(width) / in.width(), vs = double(height) / in.height();
     VImage out = in.resize(hs, VImage::option()->set("vscale", vs)->set("kernel", kernel));
@@ -175,9 +209,7 @@ VImage resizeExactly(const VImage& in, int32_t width, int32_t height, VipsKernel
 
 void ImagingControl::resizeTo(int32_t width, int32_t height, bool smooth) {
     const VImage& in = image();
-    if (int64_t(width) * height > kMaxPixels)
-        fail(ErrorCode::ImageTooLarge, std::to_string(width) + " x " + std::to_string(height) +
-                                           " pixels; the limit is 250 megapixels");
+    checkPixelLimit(m_running, width, height);
     auto kernel = smooth ? VIPS_KERNEL_LANCZOS3 : VIPS_KERNEL_NEAREST;
     Reopened reopened;
     if (smooth && width <= in.width() && height <= in.height())
@@ -269,7 +301,7 @@ void ImagingControl::setFileName(const std::string& name) {
             m_source = SourceInfo();
             throw;
         }
-        m_fileName = path;
+        m_fileName = nameOfFileRead(path, loaded.source.nativePath);
         m_image = loaded.image;
         m_hasImage = true;
         m_source = loaded.source;
@@ -278,36 +310,59 @@ void ImagingControl::setFileName(const std::string& name) {
     });
 }
 
+SaveOptions ImagingControl::saveOptions() const {
+    SaveOptions o;
+    o.lumFactor = storedInt("SaveJPGLumFactor");
+    o.chromFactor = storedInt("SaveJPGChromFactor");
+    o.subSampling = storedInt("SaveJPGSubSampling");
+    o.progressive = storedBool("SaveJPGProgressive");
+    o.jpgGrayscale = storedBool("SaveJPGGrayscale");
+    o.pngInterlaced = storedBool("SavePNGInterlaced");
+    o.tifCompression = storedInt("SaveTIFCompression");
+    o.gifType = storedInt("SaveGIFType");
+    o.gifInterlaced = storedBool("SaveGIFInterlaced");
+    o.gifTransparent = storedBool("SaveGIFTransparent");
+    o.gifTColor = storedInt("SaveGIFTColor");
+    o.ppmType = storedInt("SavePPMType");
+    o.pgmType = storedInt("SavePGMType");
+    o.pbmType = storedInt("SavePBMType");
+    o.multiPage = storedBool("SaveMultiPage");
+    o.keepMetadata = storedBool("KeepMetadata");
+    o.bitsPerPixel = m_bitsPerPixel;
+    o.greyPalette = m_greyPalette;
+    return o;
+}
+
+// Saving over the photo being read. A file of several pages would keep only the loaded one, so
+// that is refused unless the save adds a page. Otherwise the photo is decoded fully first, so
+// that nothing reads the file again after it has been replaced.
+void ImagingControl::prepareInPlace(const std::string& target, bool appending) {
+    if (m_source.pages > 1 && !appending)
+        fail(ErrorCode::CannotWrite, "saving over " + target + " would keep only page " +
+                                         std::to_string(m_source.page + 1) + " of its " +
+                                         std::to_string(m_source.pages) +
+                                         " pages; save under another name");
+    const VImage& whole = image();
+    try {
+        m_image = whole.copy_memory();
+    } catch (const vips::VError& e) {
+        failFromVips(ErrorCode::DamagedImage, m_fileName, e);
+    }
+}
+
 void ImagingControl::saveFile() {
     guarded("SaveFile", [&] {
-        std::string target = std::get<std::string>(stored("SaveFileName"));
-        SaveOptions o;
-        o.lumFactor = storedInt("SaveJPGLumFactor");
-        o.chromFactor = storedInt("SaveJPGChromFactor");
-        o.subSampling = storedInt("SaveJPGSubSampling");
-        o.progressive = storedBool("SaveJPGProgressive");
-        o.jpgGrayscale = storedBool("SaveJPGGrayscale");
-        o.pngInterlaced = storedBool("SavePNGInterlaced");
-        o.tifCompression = storedInt("SaveTIFCompression");
-        o.gifType = storedInt("SaveGIFType");
-        o.gifInterlaced = storedBool("SaveGIFInterlaced");
-        o.gifTransparent = storedBool("SaveGIFTransparent");
-        o.gifTColor = storedInt("SaveGIFTColor");
-        o.ppmType = storedInt("SavePPMType");
-        o.pgmType = storedInt("SavePGMType");
-        o.pbmType = storedInt("SavePBMType");
-        o.multiPage = storedBool("SaveMultiPage");
-        o.keepMetadata = storedBool("KeepMetadata");
-        o.bitsPerPixel = m_bitsPerPixel;
-        o.greyPalette = m_greyPalette;
         if (!m_hasImage) fail(ErrorCode::NoImage, "load a file first");
+        std::string target = std::get<std::string>(stored("SaveFileName"));
+        SaveOptions o = saveOptions();
+        fs::path native = savePath(target);
         std::error_code ec;
-        namespace fs = std::filesystem;
-        // Overwriting the photo being read: decode it fully first, so that nothing reads the
-        // file again after it has been replaced.
-        if (!m_source.nativePath.empty() &&
-            fs::equivalent(m_source.nativePath, diskPath(target), ec))
-            m_image = image().copy_memory();
+        bool appending =
+            !target.empty() &&
+            appendsPages(saveFormat(target, storedInt("SaveFileType")), o, fs::exists(native, ec));
+        m_claims.check(native, target, m_source.nativePath, appending);
+        if (!m_source.nativePath.empty() && fs::equivalent(m_source.nativePath, native, ec))
+            prepareInPlace(target, appending);
         bool streamed = m_streamed;
         try {
             saveImage(imageForSave(), target, storedInt("SaveFileType"), o, m_fileName);
@@ -317,6 +372,7 @@ void ImagingControl::saveFile() {
             if (streamed && e.code() != ErrorCode::DamagedImage) materialise();
             throw;
         }
+        m_claims.claim(native, m_source.nativePath, m_fileName);
     });
 }
 

@@ -14,11 +14,13 @@
 
 #include "imaging/ImagingError.h"
 #include "imaging/Operation.h"
+#include "imaging/io/RunClaims.h"
 
 namespace imaging {
 
 struct PropertyDef;
 struct FormatDef;
+struct SaveOptions;
 
 // Where the current image came from, kept while it is untouched so that a first resize down can
 // decode a JPEG at a reduced scale instead of at full size.
@@ -53,10 +55,19 @@ public:
     Arg property(std::string_view name);
     void setProperty(std::string_view name, const Arg& value);
 
-    // Files. Assigning the file name loads it (PageNbr selects the page).
+    // Files. Assigning the file name loads it (PageNbr selects the page). The file name reads
+    // back as written, or, when the file was found only by matching its name without regard to
+    // case, as the "\" form of the file actually read, so that saving under it replaces that file.
     void setFileName(const std::string& name);
     const std::string& fileName() const { return m_fileName; }
+    // Writes the image to SaveFileName. Refused: a file that is another photo of the run or was
+    // written by the run for another photo (see RunClaims), and saving over a file of several
+    // pages, which would keep only the loaded one.
     void saveFile();
+    // Starts a run over these photos ("\" form): forgets the previous run's claims and claims
+    // each photo for itself. Without it, files written still stay with the photo they were
+    // written for, for the life of the control.
+    void beginRun(const std::vector<std::string>& sources) { m_claims.begin(sources); }
     int32_t numPages(const std::string& fileName);
 
     // The current image. setImage records the undo snapshot and marks the image changed.
@@ -111,10 +122,13 @@ public:
 
 private:
     template <class F> void guarded(std::string_view what, F&& body, bool clearsError = true);
+    void failIfJpegDamage(std::string_view message);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
     void materialise() const;
     void restreamIfConsumed() const;
     const vips::VImage& imageForSave();
+    SaveOptions saveOptions() const;
+    void prepareInPlace(const std::string& target, bool appending);
 
     std::string m_fileName;
     // A resize of an untouched JPEG leaves m_image as a pipeline that decodes the file
@@ -140,6 +154,8 @@ private:
     AreaState m_area;
     std::map<std::string, Arg, std::less<>> m_stored; // keyed by declared name
     InvokeObserver m_observer;
+    RunClaims m_claims;
+    std::string_view m_running; // the member being run, for errors raised deep inside it
 };
 
 // Starts libvips once per process (thread-safe); the control calls it itself.

@@ -35,7 +35,10 @@ void writeText(const char* text) {
     (void)ignored;
 }
 
+bool deferredWhileHeld(int signalNumber); // see HoldOff
+
 extern "C" void onSignal(int signalNumber) {
+    if (deferredWhileHeld(signalNumber)) return;
     if (g_statusLineOpen.load()) writeText("\n");
     for (Slot& slot : g_slots) {
         // Bounded: a registering thread is between two stores, or it was itself torn down.
@@ -147,6 +150,43 @@ int registeredTempFiles() {
 
 void setStatusLineOpen(bool open) {
     g_statusLineOpen.store(open);
+}
+
+} // namespace Interrupt
+
+namespace Interrupt {
+
+namespace {
+
+std::atomic<int> g_holds{0};
+std::atomic<int> g_pending{0};
+
+// The handler records the signal before it looks at the holds, and a hold ends by dropping its
+// count before it looks for a recorded signal: one of the two always sees the other, so a signal
+// is never lost between them (at worst it is acted on twice, and the first _exit wins).
+bool deferredWhileHeld(int signalNumber) {
+    g_pending.store(signalNumber);
+    return g_holds.load() != 0;
+}
+
+} // namespace
+
+HoldOff::HoldOff() {
+    sigset_t set;
+    sigemptyset(&set);
+    for (int s : kSignals)
+        sigaddset(&set, s);
+    pthread_sigmask(SIG_BLOCK, &set, &m_previous);
+    g_holds.fetch_add(1);
+}
+
+HoldOff::~HoldOff() {
+    const int saved = errno;
+    const bool last = g_holds.fetch_sub(1) == 1;
+    pthread_sigmask(SIG_SETMASK, &m_previous, nullptr);
+    const int pending = last ? g_pending.exchange(0) : 0;
+    if (pending != 0) ::raise(pending);
+    errno = saved;
 }
 
 } // namespace Interrupt

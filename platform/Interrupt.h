@@ -1,6 +1,7 @@
 // Ctrl+C and SIGTERM: end the process at once, removing the temporary files of unfinished saves.
 #pragma once
 
+#include <csignal>
 #include <filesystem>
 #include <string_view>
 
@@ -35,5 +36,23 @@ void setStatusLineOpen(bool open);
 constexpr int exitStatusFor(int signalNumber) {
     return 128 + signalNumber;
 }
+
+} // namespace Interrupt
+
+namespace Interrupt {
+
+// Holds SIGINT, SIGTERM and SIGHUP off for its lifetime, for work that must not stop half-way
+// (rewriting a file in place): they are blocked on this thread, the handler running on any other
+// thread defers, and a signal that came meanwhile takes effect when the last hold ends.
+class HoldOff {
+public:
+    HoldOff();
+    ~HoldOff();
+    HoldOff(const HoldOff&) = delete;
+    HoldOff& operator=(const HoldOff&) = delete;
+
+private:
+    sigset_t m_previous;
+};
 
 } // namespace Interrupt

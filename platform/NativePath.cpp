@@ -84,3 +84,20 @@ std::string toBackslash(const fs::path& path) {
 }
 
 } // namespace NativePath
+
+namespace NativePath {
+
+fs::path toNativeForWrite(std::string_view path) {
+    std::string text(path);
+    for (char& c : text)
+        if (c == '\\') c = '/';
+    size_t cut = text.rfind('/');
+    std::string name = cut == std::string::npos ? text : text.substr(cut + 1);
+    // "~" alone, a trailing separator, "." and "..": no file name to keep apart.
+    if (name.empty() || name == "~" || name == "." || name == "..") return toNative(path);
+    if (cut == std::string::npos) return fs::path(name);
+    if (cut == 0) return fs::path("/") / name;
+    return toNative(std::string_view(text).substr(0, cut)) / name;
+}
+
+} // namespace NativePath

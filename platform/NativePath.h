@@ -17,3 +17,12 @@ std::filesystem::path toNative(std::string_view path);
 std::string toBackslash(const std::filesystem::path& path);
 
 } // namespace NativePath
+
+namespace NativePath {
+
+// The native path of a file about to be written. Folders are found as toNative finds them (an
+// existing folder is only looked up), but the file name is kept exactly as written, so that a
+// save never replaces an unrelated file whose name differs only in case.
+std::filesystem::path toNativeForWrite(std::string_view path);
+
+} // namespace NativePath

@@ -13,8 +13,11 @@
 
 namespace imaging {
 
-// Images above this many pixels are refused before any pixel is decoded.
+// Images above this many pixels are refused before any pixel is decoded or computed: one
+// operation's memory stays bounded.
 constexpr int64_t kMaxPixels = 250'000'000;
+// Fails with ImageTooLarge, naming the operation and the size, when width x height is above it.
+void checkPixelLimit(std::string_view operation, int64_t width, int64_t height);
 
 struct LoadResult {
     vips::VImage image;
@@ -22,7 +25,14 @@ struct LoadResult {
     int32_t bitsPerPixel = 24;
 };
 
+// The native path of a file to read (found without regard to case when it does not exist as
+// written) and of a file to write (its name exactly as written).
 std::filesystem::path diskPath(std::string_view scriptPath);
+std::filesystem::path savePath(std::string_view scriptPath);
+
+// Blocks every libvips loader but those of the format table, so that no file reaches the others
+// (SVG and PDF renderers, matrix, raw and scientific formats, libvips' own), whatever its name.
+void blockOtherLoaders();
 
 // Loads a page (zero-based) of a file, upright. Pixels are decoded lazily.
 LoadResult loadImage(const std::string& scriptPath, int32_t page);
@@ -56,12 +66,22 @@ struct SaveOptions {
 
 int32_t jpegQuality(const SaveOptions& options);
 
-// Writes the image to a temporary file in the target's folder, flushes it and renames it over the
-// target; on any failure the target is left as it was.
+// The format a save to scriptPath writes (fileType 0: by its extension); fails for names that tell
+// none and formats that cannot be written.
+const FormatDef& saveFormat(const std::string& scriptPath, int32_t fileType);
+// Whether the save adds a page to the existing file instead of replacing it (SaveMultiPage).
+bool appendsPages(const FormatDef& format, const SaveOptions& options, bool targetExists);
+
+// Writes the image to a temporary file in the target's folder, flushes it and puts it in the
+// target's place, writing through a symbolic link and keeping the replaced file's owner, group,
+// mode and hard links; on any failure before that the target is left as it was.
 // sourceName names the loaded file in the error when its pixels turn out to be damaged while
 // being written (decoding is lazy).
 void saveImage(const vips::VImage& image, const std::string& scriptPath, int32_t fileType,
                const SaveOptions& options, const std::string& sourceName = {});
+
+// A libvips message on one line, each of its lines once (libvips repeats some).
+std::string oneLine(std::string_view message);
 
 // Maps a libvips failure to the control's error, keeping the library's message.
 [[noreturn]] void failFromVips(ErrorCode code, const std::string& context, const vips::VError& e);

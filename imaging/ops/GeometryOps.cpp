@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "imaging/ImagingControl.h"
+#include "imaging/io/ImageIo.h"
 #include "imaging/ops/ImageHelpers.h"
 
 namespace imaging {
@@ -73,8 +74,8 @@ VImage mirror(const VImage& in, const OpArgs&, const OpContext&) {
 }
 
 VImage tile(const VImage& in, const OpArgs& a, const OpContext&) {
-    if (int64_t(in.width()) * a.i(0) * in.height() * a.i(1) > 250'000'000)
-        fail(ErrorCode::ImageTooLarge, "Tile: the result would exceed 250 megapixels");
+    // Checked before libvips sees a width it may not represent.
+    checkPixelLimit("Tile", int64_t(in.width()) * a.i(0), int64_t(in.height()) * a.i(1));
     return in.replicate(a.i(0), a.i(1));
 }
 

@@ -73,3 +73,16 @@ TEST_F(NativePathTest, ToBackslashRoundTrips) {
     EXPECT_EQ(form.find('/'), std::string::npos);
     EXPECT_EQ(NativePath::toNative(form), m_root / "Data" / "Template.txt");
 }
+
+TEST_F(NativePathTest, AFileToWriteKeepsItsNameExactlyWhileFoldersAreFound) {
+    EXPECT_EQ(NativePath::toNativeForWrite(backslash(m_root) + "\\data\\template.TXT"),
+              m_root / "Data" / "template.TXT");
+    EXPECT_EQ(NativePath::toNativeForWrite(backslash(m_root / "Data" / "Template.txt")),
+              m_root / "Data" / "Template.txt");
+    const char* old = std::getenv("HOME");
+    std::string saved = old ? old : "";
+    ::setenv("HOME", m_root.c_str(), 1);
+    EXPECT_EQ(NativePath::toNativeForWrite("~\\DATA\\new.jpg"), m_root / "Data" / "new.jpg");
+    ::setenv("HOME", saved.c_str(), 1);
+    EXPECT_EQ(NativePath::toNativeForWrite("Out.JPG"), fs::path("Out.JPG"));
+}

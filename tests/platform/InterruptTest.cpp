@@ -4,6 +4,7 @@
 #include <QTemporaryDir>
 #include <algorithm>
 #include <csignal>
+#include <fcntl.h>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -143,4 +144,27 @@ TEST_F(InterruptTest, AClosedOutputPipeDoesNotEndTheProcess) {
     });
     ASSERT_TRUE(WIFEXITED(status));
     EXPECT_EQ(WEXITSTATUS(status), 5);
+}
+
+TEST_F(InterruptTest, AHoldDefersASignalFromAnyThreadUntilItEnds) {
+    const int status = inChild([&] {
+        Interrupt::installHandlers();
+        {
+            Interrupt::HoldOff hold;
+            // Sent from a thread that does not block it (as libvips' workers do not), so the
+            // handler runs there.
+            std::thread([] {
+                sigset_t set;
+                sigemptyset(&set);
+                sigaddset(&set, SIGTERM);
+                pthread_sigmask(SIG_UNBLOCK, &set, nullptr);
+                ::kill(::getpid(), SIGTERM);
+            }).join();
+            ::close(::creat((folder() / "finished").c_str(), 0644));
+        }
+        ::_exit(7); // not reached: the deferred signal ends the process here
+    });
+    ASSERT_TRUE(WIFEXITED(status));
+    EXPECT_EQ(WEXITSTATUS(status), Interrupt::exitStatusFor(SIGTERM));
+    EXPECT_EQ(names(), std::vector<std::string>{"finished"});
 }
