@@ -1,6 +1,8 @@
 // The end-to-end fixture: temporary photos, the executable's runs, a JPEG size reader.
 #include "E2eFixture.h"
 
+#include <filesystem>
+
 std::optional<std::pair<int, int>> jpegSize(const QByteArray& bytes) {
     const auto byte = [&](qsizetype i) { return static_cast<unsigned char>(bytes[i]); };
     if (bytes.size() < 4 || byte(0) != 0xFF || byte(1) != 0xD8) return std::nullopt;
@@ -20,6 +22,11 @@ std::optional<std::pair<int, int>> jpegSize(const QByteArray& bytes) {
         at += 2 + length;
     }
     return std::nullopt;
+}
+
+void E2eTest::TearDown() {
+    std::error_code ec;
+    std::filesystem::remove_all(m_dir.path().toStdString(), ec);
 }
 
 void E2eTest::SetUp() {

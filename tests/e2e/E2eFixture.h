@@ -20,6 +20,8 @@ std::optional<std::pair<int, int>> jpegSize(const QByteArray& bytes);
 class E2eTest : public testing::Test {
 protected:
     void SetUp() override;
+    // Removes the folder by bytes: QTemporaryDir cannot name entries that are not UTF-8.
+    void TearDown() override;
 
     // The "\" form of a path under the temporary folder, as command lines write paths.
     std::string path(const QString& relative = {}) const;

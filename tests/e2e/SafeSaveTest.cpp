@@ -55,10 +55,11 @@ TEST_F(SafeSaveTest, TargetsAreExactNamesAndNeverAnotherPhotoOfTheRun) {
     EXPECT_EQ(read("in/PHOTO.JPG"), unrelated);
     EXPECT_EQ(sizeOf("in/photo.jpg"), std::make_pair(1024, 576));
 
-    // IMG_1.jpg is saved over itself, then IMG_1.png may not replace it with its own picture.
+    // IMG_1.png may not replace IMG_1.jpg with its own picture, whichever comes first: the
+    // run knows its photos before it starts.
     makePng("umang.jpg", "two/IMG_1.png");
     copySample("wine.jpg", "two/IMG_1.jpg");
-    r = run({"/files:" + path("two\\IMG_1.jpg") + ";IMG_1.png", "/fx.SaveFileNameExtension \"jpg\"",
+    r = run({"/files:" + path("two\\IMG_1.png") + ";IMG_1.jpg", "/fx.SaveFileNameExtension \"jpg\"",
              "/fx.savefile", "/exit"});
     ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
     EXPECT_TRUE(contains(r.err, "another photo of this run")) << r.err;
