@@ -66,9 +66,10 @@ void SaveQueue::run(Entry& entry) {
     const bool keep = written && !m_failed;
     lock.unlock();
     try {
+        // A job that was not written still made its temporary file when it was submitted.
         if (keep)
             entry.job.commit();
-        else if (written)
+        else
             entry.job.drop();
     } catch (const ImagingError& e) {
         lock.lock();

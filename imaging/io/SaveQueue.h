@@ -34,7 +34,7 @@ public:
     struct Job {
         std::function<void()> write;  // the slow part, on a worker thread; throws ImagingError
         std::function<void()> commit; // puts the written file in place
-        std::function<void()> drop;   // removes what write made, when the job is not committed
+        std::function<void()> drop;   // removes the job's files when it is not committed
         std::filesystem::path file;   // the file the job writes
     };
 
