@@ -7,14 +7,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 class ThroughputTest : public E2eTest {
 protected:
     // The job of the sharpen benchmark, into out<parallel>\, with a counter the script keeps
