@@ -11,6 +11,12 @@ String defaultErrorSource(int32_t number, bool compileTime)
                                   : u"Microsoft VBScript runtime error";
 }
 
+bool isEngineObject(const Object* object)
+{
+    return dynamic_cast<const ClassInstance*>(object) || dynamic_cast<const ErrObject*>(object)
+        || dynamic_cast<const ProcedureRef*>(object);
+}
+
 ClassInstance::ClassInstance(Engine& engine, ClassDef* cls, std::shared_ptr<Program> program)
     : m_engine(engine), m_engineAlive(engine.m_alive), m_cls(cls), m_program(std::move(program))
 {

@@ -68,4 +68,8 @@ private:
 
 String defaultErrorSource(int32_t number, bool compileTime = false);
 
+// Whether the engine made the object (a script class instance, Err, a GetRef reference) rather
+// than a host or library.
+bool isEngineObject(const Object* object);
+
 } // namespace vbs

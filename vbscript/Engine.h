@@ -156,11 +156,21 @@ private:
     // Statements.
     Flow execBlock(const Block& block);
     Flow exec(const Stmt* s);
+    [[gnu::noinline]] void statementFailed(const Stmt* s);
+    enum class Cond : uint8_t { False, True, Failed };
+    template <class Fn>
+    bool runHead(Fn&& fn);
+    Cond headCondition(const Expr* e);
+    Flow runOnce(const Block& body);
+    Flow execIf(const IfStmt* s);
     Flow execFor(const ForStmt* s);
+    Flow execIntegerFor(const ForStmt* s, const Value& from, const Value& to, const Value& step);
     Flow execForEach(const ForEachStmt* s);
     Flow execDo(const DoStmt* s);
     Flow execSelect(const SelectStmt* s);
+    Flow execWith(const WithStmt* s);
     void execAssign(const AssignStmt* s);
+    [[gnu::noinline]] void appendToTarget(const AssignStmt* s);
     void execMidAssign(const AssignStmt* s);
     bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
     // The array held by a plain local or global variable, or nullptr.
@@ -196,9 +206,9 @@ private:
         return nullptr;
     }
     bool evalCondition(const Expr* e);
-    bool ifCondition(const Expr* e);
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
+    [[gnu::noinline]] Value callOther(const CallExpr* c, bool statement);
     Value evalMember(const MemberExpr* e, std::span<Value*> args, bool statement);
     Value evalNew(const NewExpr* e);
     Value callGlobal(GlobalSlot& g, const CallExpr* call, bool statement);
@@ -206,9 +216,12 @@ private:
     Value callMeMember(int member, std::span<Value*> args, bool statement);
     // The id of a member of d as the running code sees it; 438 naming it when there is none.
     int visibleMemberId(Dispatch* d, const String& name);
+    Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
+    Value* implicitLocal(const NameExpr* n);
     void assignTo(const Expr* target, Value value, bool isSet);
+    static bool letsThroughDefault(const Value& var);
     Value& withObject(const WithExpr* e);
 
     struct ArgList;

@@ -101,7 +101,8 @@ ExprPtr Parser::parseBinaryRest(ExprPtr lhs, int minPrec)
     }
 }
 
-// unary: "Not" operand binds looser than comparisons; "-" looser than "^" only.
+// unary: "Not" operand binds looser than comparisons; "-" and "+" bind tighter than every
+// binary operator, "^" included (-3^2 is 9).
 ExprPtr Parser::parseUnary()
 {
     const Token t = tok();
@@ -112,7 +113,8 @@ ExprPtr Parser::parseUnary()
         return e;
     }
     if (accept(Tok::Minus)) {
-        ExprPtr operand = parseExpr(14);
+        DepthGuard guard(*this);
+        ExprPtr operand = parseUnary();
         if (operand->kind == ExprKind::Literal && static_cast<LiteralExpr*>(operand.get())->numericLiteral) {
             // Fold "-5" so that -32768 stays an Integer.
             auto* lit = static_cast<LiteralExpr*>(operand.get());
@@ -136,8 +138,10 @@ ExprPtr Parser::parseUnary()
         e->depth = uint16_t(e->operand->depth + 1);
         return e;
     }
-    if (accept(Tok::Plus))
-        return parseExpr(14);
+    if (accept(Tok::Plus)) {
+        DepthGuard guard(*this);
+        return parseUnary();
+    }
     return parsePostfix();
 }
 
@@ -149,8 +153,8 @@ ExprPtr Parser::parsePostfix()
 ExprPtr Parser::parsePostfixRest(ExprPtr e)
 {
     while (true) {
-        if (at(Tok::LParen) && e->kind != ExprKind::Literal && !e->parenthesized
-            && e->kind != ExprKind::New) {
+        // (f)(x) and ((a))(0) apply the arguments to what the parentheses hold.
+        if (at(Tok::LParen) && e->kind != ExprKind::Literal && e->kind != ExprKind::New) {
             const Token t = tok();
             auto call = std::make_unique<CallExpr>(std::move(e), t.line, t.column);
             parseArgs(*call);
@@ -196,7 +200,7 @@ ExprPtr Parser::parsePrimary()
     case Tok::Integer: {
         ++m_pos;
         const double d = t.number;
-        if (d >= -32768 && d <= 32767 && !t.isLong)
+        if (d >= -32768 && d <= 32767)
             return std::make_unique<LiteralExpr>(Value(int16_t(d)), true, t.line, t.column);
         return std::make_unique<LiteralExpr>(Value(int32_t(d)), true, t.line, t.column);
     }

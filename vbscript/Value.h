@@ -186,6 +186,8 @@ public:
     // Text to number the way IsNumeric and the coercions read it: blanks around, sign,
     // digits with "," group separators, decimals, exponent, &H/&O, a leading "$".
     static bool parseNumber(std::u16string_view text, double& out);
+    // Text to Boolean as CBool reads it: "True", "False", "#TRUE#", "#FALSE#" in any case.
+    static bool parseBoolean(std::u16string_view text, bool& out);
     // Text to date as CDate reads it (en-US: month/day/year, month names, times, AM/PM).
     static bool parseDate(std::u16string_view text, double& out);
 

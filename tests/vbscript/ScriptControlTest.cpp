@@ -104,11 +104,11 @@ TEST(ScriptControl, LetToVariableHoldingHostObjectUsesDefaultMember)
     ASSERT_TRUE(sc.eval(u"p Is fx", &r));
     EXPECT_TRUE(r.toBoolean());
 
-    // Without a default member there is nothing to assign to.
+    // Without a default member the variable simply takes the value, as for script objects.
     sc.addObject(u"plain", makeRef<Probe>());
-    EXPECT_FALSE(sc.addCode(u"Dim o\nSet o = plain\no = 1"));
-    EXPECT_EQ(sc.error().number, 438);
-    EXPECT_EQ(sc.error().line, 3);
+    ASSERT_TRUE(sc.addCode(u"Dim o\nSet o = plain\no = 1"));
+    ASSERT_TRUE(sc.eval(u"o + 1", &r));
+    EXPECT_EQ(r.toLong(), 2);
 }
 
 TEST(ScriptControl, AddMembersMakesMembersGlobal)

@@ -140,6 +140,10 @@ Value fnWeekdayName(CallContext&, Args a) {
 }
 
 Value fnIsDate(CallContext&, Args a) {
+    // Nothing and objects without a default property are simply not dates.
+    if (a[0]->isObject() && (a[0]->isNothing() || !a[0]->object()->asDispatch()
+                                || a[0]->object()->asDispatch()->defaultMemberId() < 0))
+        return Value(false);
     const Value v = plain(*a[0]);
     if (v.type() == VarType::Date) return Value(true);
     double serial = 0;

@@ -10,6 +10,7 @@ WScript.Echo TypeName(CCur(1)) ' expect: Currency
 WScript.Echo CDbl("1,234.5") ' expect: 1234.5
 WScript.Echo CSng(1.5) ' expect: 1.5
 WScript.Echo CBool("True") & " " & CBool(0) & " " & CBool(-3) ' expect: True False True
+WScript.Echo CBool("#TRUE#") & " " & CBool("#false#") & " " & (Not "#FALSE#") ' expect: True False True
 WScript.Echo CStr(1.5) & CStr(True) ' expect: 1.5True
 WScript.Echo CDate("1/2/2003") ' expect: 1/2/2003
 WScript.Echo CDate(37623.5) ' expect: 1/2/2003 12:00:00 PM
