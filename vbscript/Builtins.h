@@ -52,8 +52,8 @@ struct BuiltinDef {
     Value (*fn)(CallContext&, std::span<Value*> args);
 };
 
-// A class the host or library provides for "New Name" (RegExp); script classes of the same
-// name come first.
+// A class the host or library provides for "New Name" (RegExp). A script may declare a class of
+// the same name, but New still makes the provided one.
 struct NativeClassDef {
     std::u16string_view name;
     Ref<Dispatch> (*create)();

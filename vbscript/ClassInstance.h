@@ -42,6 +42,7 @@ public:
     int defaultMemberId() const override { return 0; }
     void clear();
     void set(const ScriptError& e);
+    [[noreturn]] void raiseFrom(std::span<Value*> args);
 
     int32_t number = 0;
     String description;
@@ -64,6 +65,19 @@ private:
     std::shared_ptr<bool> m_engineAlive;
     Procedure* m_proc;
     std::shared_ptr<Program> m_program;
+};
+
+// Me outside a class: the script's global scope, whose members are its global variables,
+// procedures and functions.
+class GlobalScope : public Dispatch {
+public:
+    explicit GlobalScope(Engine& engine);
+    int memberId(std::u16string_view name) const override;
+    Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
+
+private:
+    Engine& m_engine;
+    std::shared_ptr<bool> m_engineAlive;
 };
 
 String defaultErrorSource(int32_t number, bool compileTime = false);

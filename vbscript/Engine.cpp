@@ -41,6 +41,7 @@ void registerCoreBuiltins(Engine& engine);
 Engine::Engine(ScriptControl& control)
     : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>())
 {
+    m_globalScope = makeRef<GlobalScope>(*this); // after m_alive, which it shares
     m_stack.reset(new Value[kValueStackSize]);
     m_stackSize = kValueStackSize;
     m_refStack.reset(new Value*[kRefStackSize]);

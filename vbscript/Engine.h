@@ -119,7 +119,7 @@ public:
     Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
     void runTerminate(ClassInstance* instance) noexcept;
     // Arrays and default members, shared with ClassInstance.
-    Value indexValue(const Value& v, std::span<Value*> args, bool statement);
+    Value indexValue(const Value& v, std::span<Value*> args, bool statement, bool parens = false);
     Value* elementRef(Value& array, std::span<Value*> indices);
     static size_t flatIndex(const ArrayRep* rep, std::span<Value*> indices);
     // For error locations: the chunk of the running code.
@@ -127,6 +127,7 @@ public:
 
 private:
     friend class ClassInstance;
+    friend class GlobalScope;
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);
@@ -232,6 +233,7 @@ private:
     Host* m_host;
     RandomState m_random;
     Ref<ErrObject> m_err;
+    Ref<Dispatch> m_globalScope; // Me outside classes
     GlobalTable m_globals;
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset

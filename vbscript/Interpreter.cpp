@@ -80,6 +80,8 @@ Value Engine::eval(const Expr* e)
     case ExprKind::MeMember:
         return callMeMember(static_cast<const NameExpr*>(e)->slot, {}, false);
     case ExprKind::Me:
+        if (!m_frame->me)
+            return Value(m_globalScope);
         return Value(Ref<Object>(m_frame->me));
     case ExprKind::WithObject:
         return withObject(static_cast<const WithExpr*>(e));

@@ -147,7 +147,7 @@ Value Engine::callOther(const CallExpr* c, bool statement)
         if (g.kind != GlobalSlot::Kind::Undeclared || (!m_memberObjects.empty() && c->args.size() + statement > 0))
             return callGlobal(g, c, statement);
         evalArgs(c->args, c, args);
-        return indexValue(*implicitLocal(static_cast<const NameExpr*>(t)), args.span(), statement);
+        return indexValue(*implicitLocal(static_cast<const NameExpr*>(t)), args.span(), statement, c->parens);
     }
     case ExprKind::MeMember:
         evalArgs(c->args, c, args);
@@ -158,12 +158,12 @@ Value Engine::callOther(const CallExpr* c, bool statement)
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: {
         Value* v = variableRef(t, RefMode::Arg);
         evalArgs(c->args, c, args);
-        return indexValue(*v, args.span(), statement);
+        return indexValue(*v, args.span(), statement, c->parens);
     }
     default: {
         const Value v = eval(t);
         evalArgs(c->args, c, args);
-        return indexValue(v, args.span(), statement);
+        return indexValue(v, args.span(), statement, c->parens);
     }
     }
 }
@@ -184,7 +184,7 @@ Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
         return callBuiltin(g.builtin, args.span());
     case Kind::Variable: case Kind::Const: case Kind::Object: {
         evalArgs(c->args, c, args);
-        return indexValue(g.value, args.span(), statement);
+        return indexValue(g.value, args.span(), statement, c->parens);
     }
     case Kind::Undeclared: {
         if (!m_memberObjects.empty()) {
@@ -245,7 +245,9 @@ Value* Engine::elementRef(Value& array, std::span<Value*> indices)
     return &array.mutableArray()->items[i];
 }
 
-Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement)
+// v(args). An object with no arguments is itself unless written with parentheses (o() calls its
+// default member) or called as a statement.
+Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement, bool parens)
 {
     if (v.isArray()) {
         if (args.empty())
@@ -253,7 +255,7 @@ Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement)
         return v.array()->items[flatIndex(v.array(), args)];
     }
     if (v.isObject()) {
-        if (args.empty() && !statement)
+        if (args.empty() && !statement && !parens)
             return v;
         Dispatch* d = v.toDispatch();
         const int id = d->defaultMemberId();

@@ -255,6 +255,12 @@ void Engine::execDim(const DimStmt* s)
     for (const auto& item : s->items) {
         if (!item.isArray)
             continue;
+        if (s->kind == StmtKind::ReDim && !s->preserve) {
+            // A fixed array refuses a plain ReDim before the new bounds are even read.
+            const Value* old = variableRef(item.var.get(), RefMode::Write);
+            if (old->isArray() && (old->array()->fixed || old->array()->locks > 0))
+                raise(ErrorCode::ArrayFixedOrLocked);
+        }
         std::vector<int32_t> counts;
         for (const auto& b : item.bounds) {
             const int32_t ub = eval(b.get()).toLong();

@@ -230,8 +230,6 @@ ExprPtr Parser::parsePrimary()
         return std::make_unique<NameExpr>(t.text, t.line, t.column);
     case Tok::Me:
         ++m_pos;
-        if (!m_inClass)
-            failAt(ErrorCode::InvalidUseOfMe, t);
         return std::make_unique<Expr>(ExprKind::Me, t.line, t.column);
     case Tok::Dot: {
         ++m_pos;

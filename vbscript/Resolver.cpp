@@ -87,6 +87,8 @@ private:
         for (auto& c : m_prog.classes) {
             claim(seen, c->name, c->line, c->column);
             GlobalSlot& g = m_engine.global(m_engine.globalSlot(c->name));
+            if (g.kind == Kind::NativeClass)
+                continue; // a provided class keeps its name
             g.kind = Kind::Class;
             g.cls = c.get();
             g.value.clear();
