@@ -120,8 +120,25 @@ bool Engine::globalMember(const String& name, InvokeKind kind, std::span<Value*>
     return false;
 }
 
+void Engine::setLocale(const Locale& locale)
+{
+    m_locale = &locale;
+    LocaleScope::set(&locale);
+}
+
+const Locale& CallContext::locale() const
+{
+    return m_engine.locale();
+}
+
+void CallContext::setLocale(const Locale& locale) const
+{
+    m_engine.setLocale(locale);
+}
+
 void Engine::reset()
 {
+    m_locale = &englishUs();
     m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();
     m_globalIndex.clear();
@@ -265,7 +282,7 @@ void Engine::checkStack()
         raise(ErrorCode::OutOfStackSpace);
 }
 
-Engine::Entry::Entry(Engine& e) : m_engine(e)
+Engine::Entry::Entry(Engine& e) : m_engine(e), m_locale(e.m_locale)
 {
     if (e.m_entryDepth++ == 0) {
         e.m_steps = 0;

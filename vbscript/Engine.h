@@ -4,6 +4,7 @@
 #include "Ast.h"
 #include "Builtins.h"
 #include "Host.h"
+#include "Locale.h"
 #include "ScriptControl.h"
 
 #include <memory>
@@ -109,6 +110,8 @@ public:
     }
 
     Host& host() const { return *m_host; }
+    const Locale& locale() const { return *m_locale; }
+    void setLocale(const Locale& locale);
     void setHost(Host* host) { m_host = host ? host : &defaultHost(); }
     RandomState& random() { return m_random; }
     ErrObject& err() { return *m_err; }
@@ -135,6 +138,7 @@ private:
         Entry(const Entry&) = delete;
         Entry& operator=(const Entry&) = delete;
         Engine& m_engine;
+        LocaleScope m_locale; // conversions follow this engine's locale while it runs
     };
     // Makes frame the running one until the end of the scope, then the one before it again.
     struct FrameScope {
@@ -234,6 +238,7 @@ private:
     RandomState m_random;
     Ref<ErrObject> m_err;
     Ref<Dispatch> m_globalScope; // Me outside classes
+    const Locale* m_locale = &englishUs();
     GlobalTable m_globals;
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset

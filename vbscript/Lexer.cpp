@@ -1,6 +1,7 @@
 // Lexer: keywords and names without regard to case, literals, comments, line continuations.
 #include "Lexer.h"
 
+#include "Locale.h"
 #include "Value.h"
 
 #include <cmath>
@@ -375,7 +376,8 @@ private:
         if (peek() != '#')
             fail(ErrorCode::SyntaxError, t.line, t.column);
         double d;
-        if (!Value::parseDate(m_src.substr(start, m_pos - start), d))
+        // Date literals are written the US way whatever the locale.
+        if (!Value::parseDate(m_src.substr(start, m_pos - start), d, englishUs()))
             fail(ErrorCode::SyntaxError, t.line, t.column);
         ++m_pos;
         t.number = d;
