@@ -1,7 +1,7 @@
 ' A call target may be parenthesised: Call (New C).M(), Call (((f))) (x), (f)(x), ((a))(0); extra
 ' parentheses around an argument still pass a copy. A blank before an index still makes an
-' assignment target: a (0) = v. Member calls inside With may end with parentheses and carry on
-' over continued lines.
+' assignment target: a (0) = v. Member calls inside With may end with parentheses, also on a
+' line continued into End With.
 Class Greeter
     Public n
     Sub Hello()
@@ -34,9 +34,8 @@ With New Greeter
     .Hello()
     .Add 1, _
         2
-    .Hello() _
-
     WScript.Echo .n
+    .Hello() _
 End With
 ' expect: hello
 ' expect: hello
@@ -45,5 +44,5 @@ End With
 ' expect: 5 6
 ' expect: -4
 ' expect: hello
-' expect: hello
 ' expect: 3
+' expect: hello
