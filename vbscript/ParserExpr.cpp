@@ -116,17 +116,14 @@ ExprPtr Parser::parseUnary()
         DepthGuard guard(*this);
         ExprPtr operand = parseUnary();
         if (operand->kind == ExprKind::Literal && static_cast<LiteralExpr*>(operand.get())->numericLiteral) {
-            // Fold "-5" so that -32768 stays an Integer.
+            // Fold "-5" into the literal; negation keeps the literal's type, so -32768 is a Long
+            // (32768 is one) as on Windows.
             auto* lit = static_cast<LiteralExpr*>(operand.get());
             const Value& v = lit->value;
-            if (v.type() == VarType::Long && v.rawLong() == 32768)
-                lit->value = Value(int16_t(-32768));
-            else if (v.type() == VarType::Integer)
+            if (v.type() == VarType::Integer && v.rawInteger() != -32768)
                 lit->value = Value(int16_t(-v.rawInteger()));
-            else if (v.type() == VarType::Long)
+            else if (v.type() == VarType::Long && v.rawLong() != INT32_MIN)
                 lit->value = Value(int32_t(-v.rawLong()));
-            else if (v.type() == VarType::Double && v.rawDouble() == 2147483648.0)
-                lit->value = Value(int32_t(INT32_MIN));
             else if (v.type() == VarType::Double)
                 lit->value = Value(-v.rawDouble());
             else

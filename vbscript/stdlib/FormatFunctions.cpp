@@ -26,6 +26,7 @@ NumberFormat formatArgs(const Locale& locale, Args a) {
 }
 
 template <std::u16string (*F)(double, const NumberFormat&)> Value formatted(CallContext& ctx, Args a) {
+    if (a[0]->isNull()) raise(ErrorCode::TypeMismatch); // Null to format is 13, not 94
     const NumberFormat f = formatArgs(ctx.locale(), a);
     return Value(F(plain(*a[0]).toDouble(), f));
 }
@@ -33,6 +34,7 @@ template <std::u16string (*F)(double, const NumberFormat&)> Value formatted(Call
 // vbGeneralDate is CStr's text; the others are the locale's long and short date and long time,
 // and a 24-hour "hh:mm" for the short time.
 Value fnFormatDateTime(CallContext& ctx, Args a) {
+    if (a[0]->isNull()) raise(ErrorCode::TypeMismatch);
     const long format = longArg(a, 1, 0);
     if (format < 0 || format > 4) invalidCall();
     const double serial = a[0]->toDate();

@@ -37,3 +37,6 @@ WScript.Echo Err.Number ' expect: 5
 Err.Clear
 x = FormatNumber(1, -2)
 WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = FormatCurrency(Null)
+WScript.Echo Err.Number ' expect: 13
