@@ -41,6 +41,7 @@ void registerCoreBuiltins(Engine& engine);
 Engine::Engine(ScriptControl& control)
     : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>())
 {
+    m_globalScope = makeRef<GlobalScope>(*this); // after m_alive, which it shares
     m_stack.reset(new Value[kValueStackSize]);
     m_stackSize = kValueStackSize;
     m_refStack.reset(new Value*[kRefStackSize]);
@@ -119,8 +120,25 @@ bool Engine::globalMember(const String& name, InvokeKind kind, std::span<Value*>
     return false;
 }
 
+void Engine::setLocale(const Locale& locale)
+{
+    m_locale = &locale;
+    LocaleScope::set(&locale);
+}
+
+const Locale& CallContext::locale() const
+{
+    return m_engine.locale();
+}
+
+void CallContext::setLocale(const Locale& locale) const
+{
+    m_engine.setLocale(locale);
+}
+
 void Engine::reset()
 {
+    m_locale = &englishUs();
     m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();
     m_globalIndex.clear();
@@ -299,7 +317,7 @@ bool locateAtRunningStatement(ScriptError& e)
     return engine && engine->locateRunning(e);
 }
 
-Engine::Entry::Entry(Engine& e) : m_engine(e), m_outer(t_running)
+Engine::Entry::Entry(Engine& e) : m_engine(e), m_outer(t_running), m_locale(e.m_locale)
 {
     t_running = &e;
     if (e.m_entryDepth++ == 0) {
