@@ -5,7 +5,6 @@
 #include "editor/ScriptLooks.h"
 
 #include <QStringList>
-#include <QStringMatcher>
 #include <vector>
 
 class ScriptColorizer {
@@ -21,9 +20,9 @@ public:
     std::vector<Look> colour(const QString& text) const;
 
     // The language's numeric test on one word (sign, digits, point, exponent, "&H" and "&O").
-    static bool isNumeric(const QString& word);
+    static bool isNumeric(QStringView word);
 
 private:
-    std::vector<QStringMatcher> m_commands;
-    std::vector<QStringMatcher> m_patterns;
+    QStringList m_commands; // case folded
+    QStringList m_patterns;
 };

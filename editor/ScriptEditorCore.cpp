@@ -48,13 +48,18 @@ void ScriptEditorCore::LoadInitSettings() {
 }
 
 void ScriptEditorCore::RequestPreview(bool force) {
+    requestPreview(force, m_box.text());
+}
+
+// The box's text is read once per pass; the preview's conversion takes it from there.
+void ScriptEditorCore::requestPreview(bool force, const QString& text) {
     QString commandLine;
     if (!force && !prefs().SetDynamicPreview) {
         commandLine = QStringLiteral("none");
         if (PreviewRequest) PreviewRequest(commandLine);
         return;
     }
-    commandLine = GetCommandLine(QString());
+    commandLine = mEngineMain::ScriptToCommandLine(ScriptFiles::toCrLf(text));
     if (commandLine == m_state.LastCommandLine && !force) return;
     m_state.LastCommandLine = commandLine;
     // Automatic previews never pop up the script's messages.
@@ -96,9 +101,10 @@ void ScriptEditorCore::NewScript() {
 
 void ScriptEditorCore::Colorize(bool full, const QString&, bool onlyIfChanged) {
     if (!prefs().SetColorize || (onlyIfChanged && !m_state.TextChanged)) return;
-    RequestPreview(false);
+    const QString text = m_box.text();
+    requestPreview(false, text);
     if (full) {
-        const auto [from, to] = m_looks.assign(m_colorizer.colour(m_box.text()));
+        const auto [from, to] = m_looks.assign(m_colorizer.colour(text));
         if (from < to) m_box.showLooks(m_looks, from, to);
     }
     m_state.TextChanged = false;

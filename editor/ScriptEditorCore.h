@@ -65,6 +65,7 @@ public:
     void textEdited(int pos, int removed, int added) override;
 
 private:
+    void requestPreview(bool force, const QString& text);
     void TrackCaretLine();
     void dynamicHelpTick();
     void dormantColourTick();

@@ -60,10 +60,10 @@ TEST(Colorizer, TheLaggingNumberSearchFindsTheFirstMatchAhead) {
     // "5" is searched from a position that lags behind by the separators, so it is found in
     // "x5" before the number itself: the behaviour of the search, kept.
     EXPECT_EQ(colour("fx.Rotate x5, 5"), "CCCCCCCCC..N...");
-    EXPECT_TRUE(ScriptColorizer::isNumeric("&H1F"));
-    EXPECT_TRUE(ScriptColorizer::isNumeric("-1.5e3"));
-    EXPECT_FALSE(ScriptColorizer::isNumeric(""));
-    EXPECT_FALSE(ScriptColorizer::isNumeric("x5"));
+    EXPECT_TRUE(ScriptColorizer::isNumeric(u"&H1F"));
+    EXPECT_TRUE(ScriptColorizer::isNumeric(u"-1.5e3"));
+    EXPECT_FALSE(ScriptColorizer::isNumeric(u""));
+    EXPECT_FALSE(ScriptColorizer::isNumeric(u"x5"));
 }
 
 TEST(Colorizer, APassKeepsTheSelectionAndSetsNoTextChange) {
