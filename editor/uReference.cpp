@@ -6,11 +6,13 @@
 #include "platform/mFile.h"
 #include "platform/mWindowsAPI.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -87,6 +89,9 @@ void uReference::ShowTopic(const QString& word) {
     c.setPosition(topic.position + topic.length, QTextCursor::KeepAnchor);
     m_reference->setTextCursor(c);
     if (!topic.turnView) return;
+    // A long document is laid out lazily; the positions below must be final ones.
+    QTextDocument* doc = m_reference->document();
+    doc->documentLayout()->blockBoundingRect(doc->lastBlock());
     // To the end first, so that going back leaves the entry at the top of the view.
     c.movePosition(QTextCursor::End);
     m_reference->setTextCursor(c);

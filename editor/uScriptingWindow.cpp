@@ -264,7 +264,7 @@ void uScriptingWindow::showList() {
 void uScriptingWindow::placeList() {
     const QRect area = m_box->geometry();
     const int width = std::min(240, area.width() / 2);
-    const int height = std::min(220, area.height() - 8);
+    const int height = std::min(150, area.height() - 8);
     m_list->setGeometry(area.right() - width - 20, area.top() + 4, width, std::max(height, 40));
 }
 

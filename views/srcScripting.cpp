@@ -34,6 +34,8 @@ srcScripting::srcScripting(QWidget* parent)
     m_split->setStretchFactor(0, 3);
     m_split->setStretchFactor(1, 2);
     m_status->setObjectName(QStringLiteral("uStatus"));
+    // A long command line on the status line must not widen the window.
+    m_status->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
