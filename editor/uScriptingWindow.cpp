@@ -6,6 +6,7 @@
 #include "editor/mRichTextBox.h"
 #include "editor/uReference.h"
 #include "platform/Messages.h"
+#include "platform/NativePath.h"
 #include "platform/mFile.h"
 #include "platform/mWindowsAPI.h"
 
@@ -213,7 +214,10 @@ QString uScriptingWindow::defaultChooser(bool save, const QString& folder) {
         dialog.setNameFilters(
             {QStringLiteral("Vantorel 3 Script Files (*.vt3)"), QStringLiteral("All Files (*.*)")});
     }
-    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    // The rest of the system works on the "\" form of paths.
+    return QString::fromStdString(
+        NativePath::toBackslash(dialog.selectedFiles().first().toStdString()));
 }
 
 void uScriptingWindow::loadScript() {

@@ -163,6 +163,11 @@ TEST_F(Workbench, RunHandsTheLineToTheEngineAndConvertAsksFirst) {
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Notice"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::YesNoCancel);
 
+    // The editor's menu hands its script to the command-line view.
+    w.scriptingView()->findChild<QAction*>("mnuCommandLine")->trigger();
+    EXPECT_EQ(w.CurrentTool(), QStringLiteral("srcCommandLine"));
+    EXPECT_TRUE(view->commandLine().startsWith("/files:nofiles  /fx.Blur /fx.savefile"));
+
     // A double-click on the example copies it into the box.
     QTest::mouseDClick(view->findChild<QLineEdit*>("Text2"), Qt::LeftButton);
     EXPECT_EQ(view->commandLine(), srcCommandLine::exampleLine());
