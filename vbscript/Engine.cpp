@@ -264,8 +264,44 @@ void Engine::checkStack()
         raise(ErrorCode::OutOfStackSpace);
 }
 
-Engine::Entry::Entry(Engine& e) : m_engine(e)
+namespace {
+thread_local Engine* t_running = nullptr;
+} // namespace
+
+Engine* Engine::running()
 {
+    return t_running;
+}
+
+Engine::Entry::~Entry()
+{
+    --m_engine.m_entryDepth;
+    t_running = m_outer;
+}
+
+bool Engine::locateRunning(ScriptError& e)
+{
+    if (!m_frame || !m_frame->stmt)
+        return false;
+    // As the statement loop places an error that leaves the running operation.
+    const Stmt* s = m_frame->stmt;
+    const Expr* n = m_frame->node;
+    if (n && n->line >= s->line)
+        locate(e, n->line, n->column, s);
+    else
+        locate(e, s->line, s->column);
+    return true;
+}
+
+bool locateAtRunningStatement(ScriptError& e)
+{
+    Engine* engine = Engine::running();
+    return engine && engine->locateRunning(e);
+}
+
+Engine::Entry::Entry(Engine& e) : m_engine(e), m_outer(t_running)
+{
+    t_running = &e;
     if (e.m_entryDepth++ == 0) {
         e.m_steps = 0;
         char here;

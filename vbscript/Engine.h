@@ -67,6 +67,7 @@ struct Frame {
     Value** refs = nullptr;
     ClassInstance* me = nullptr;
     const Expr* node = nullptr; // the operation being run, for the error location
+    const Stmt* stmt = nullptr; // the statement being run
     bool resumeNext = false;
     int chunk = 0;
 };
@@ -124,16 +125,21 @@ public:
     static size_t flatIndex(const ArrayRep* rep, std::span<Value*> indices);
     // For error locations: the chunk of the running code.
     int currentChunk() const { return m_frame ? m_frame->chunk : 0; }
+    // Places e where an error raised now would be placed; false outside a statement.
+    bool locateRunning(ScriptError& e);
+    // The engine running a script on this thread, if any.
+    static Engine* running();
 
 private:
     friend class ClassInstance;
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);
-        ~Entry() { --m_engine.m_entryDepth; }
+        ~Entry();
         Entry(const Entry&) = delete;
         Entry& operator=(const Entry&) = delete;
         Engine& m_engine;
+        Engine* m_outer; // the engine running on this thread before this entry
     };
     // Makes frame the running one until the end of the scope, then the one before it again.
     struct FrameScope {

@@ -18,6 +18,7 @@ Flow Engine::execBlock(const Block& block)
     for (const auto& sp : block) {
         const Stmt* s = sp.get();
         m_frame->node = nullptr;
+        m_frame->stmt = s;
         tick();
         try {
             const Flow f = exec(s);

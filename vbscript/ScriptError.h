@@ -167,6 +167,11 @@ private:
     mutable std::string m_what;
 };
 
+// Places e at the statement the script engine of this thread is running, as an error raised by
+// it now would be placed: for a failure that is found later but belongs there (a save finished
+// in the background). False when no script is running.
+bool locateAtRunningStatement(ScriptError& e);
+
 [[noreturn]] void raise(ErrorCode code, String source = {});
 [[noreturn]] void raise(int32_t number, String description, String source = {});
 
