@@ -19,6 +19,7 @@
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <array>
 
 namespace {
 
@@ -32,6 +33,30 @@ QAction* menuItem(QMenu* menu, const char* name, const QString& caption) {
 
 } // namespace
 
+// The four timers of the editor as QTimers that tick until their handlers switch them off.
+class uScriptingWindow::Timers : public TimerPort {
+public:
+    explicit Timers(uScriptingWindow* owner) {
+        for (size_t i = 0; i < m_timers.size(); ++i) {
+            m_timers[i] = new QTimer(owner);
+            m_timers[i]->setObjectName(QLatin1String(kTimerNames[i]));
+            m_timers[i]->setInterval(timerInterval(EditorTimer(i)));
+        }
+    }
+    QTimer* timer(size_t i) const { return m_timers[i]; }
+    void setEnabled(EditorTimer timer, bool enabled) override {
+        QTimer* t = m_timers[size_t(timer)];
+        if (!enabled)
+            t->stop();
+        else if (!t->isActive())
+            t->start();
+    }
+    bool isEnabled(EditorTimer timer) const override { return m_timers[size_t(timer)]->isActive(); }
+
+private:
+    std::array<QTimer*, 4> m_timers{};
+};
+
 uScriptingWindow::uScriptingWindow(QWidget* parent)
     : QWidget(parent), m_caption(new uCaptionBar(this)), m_toolbar(new QWidget(this)),
       m_load(new QPushButton(QStringLiteral("Load Script..."), m_toolbar)),
@@ -41,11 +66,9 @@ uScriptingWindow::uScriptingWindow(QWidget* parent)
       m_commandMenu(nullptr) {
     setObjectName(QStringLiteral("uScriptingWindow"));
     chooseFile = [this](bool save, const QString& folder) { return defaultChooser(save, folder); };
-    for (size_t i = 0; i < m_timers.size(); ++i) {
-        m_timers[i] = new QTimer(this);
-        m_timers[i]->setObjectName(QLatin1String(kTimerNames[i]));
-        m_timers[i]->setInterval(timerInterval(EditorTimer(i)));
-        connect(m_timers[i], &QTimer::timeout, this, [this, i] {
+    m_timers = std::make_unique<Timers>(this);
+    for (size_t i = 0; i < 4; ++i) {
+        connect(m_timers->timer(i), &QTimer::timeout, this, [this, i] {
             m_core->tick(EditorTimer(i));
             showList();
         });
@@ -60,7 +83,7 @@ uScriptingWindow::uScriptingWindow(QWidget* parent)
     m_list->setObjectName(QStringLiteral("lstProperties"));
     m_list->hide();
     m_surface = std::make_unique<RichTextSurface>(m_box);
-    m_core = std::make_unique<ScriptEditorCore>(*m_surface, *this);
+    m_core = std::make_unique<ScriptEditorCore>(*m_surface, *m_timers);
     m_surface->setLooks(&m_core->looks());
     m_box->setCore(m_core.get());
     m_core->PreviewRequest = [this](QString& line) { Q_EMIT PreviewRequest(line); };
@@ -188,18 +211,6 @@ void uScriptingWindow::setReferencePane(uReference* pane) {
 
 QString uScriptingWindow::scriptText() const {
     return m_box->toPlainText();
-}
-
-void uScriptingWindow::setEnabled(EditorTimer timer, bool enabled) {
-    QTimer* t = m_timers[size_t(timer)];
-    if (!enabled)
-        t->stop();
-    else if (!t->isActive())
-        t->start();
-}
-
-bool uScriptingWindow::isEnabled(EditorTimer timer) const {
-    return m_timers[size_t(timer)]->isActive();
 }
 
 QString uScriptingWindow::defaultChooser(bool save, const QString& folder) {

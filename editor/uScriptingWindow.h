@@ -6,7 +6,6 @@
 #include "editor/EditorState.h"
 
 #include <QWidget>
-#include <array>
 #include <functional>
 #include <memory>
 
@@ -14,14 +13,13 @@ class QCheckBox;
 class QListWidget;
 class QMenu;
 class QPushButton;
-class QTimer;
 class ScriptEditorCore;
 class ScriptTextBox;
 class RichTextSurface;
 class uCaptionBar;
 class uReference;
 
-class uScriptingWindow : public QWidget, public TimerPort {
+class uScriptingWindow : public QWidget {
     Q_OBJECT
 public:
     explicit uScriptingWindow(QWidget* parent = nullptr);
@@ -54,9 +52,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    void setEnabled(EditorTimer timer, bool enabled) override;
-    bool isEnabled(EditorTimer timer) const override;
-    using QWidget::setEnabled;
+    class Timers;
 
     void buildToolbar();
     void buildMenu();
@@ -69,16 +65,16 @@ private:
     QString defaultChooser(bool save, const QString& folder);
 
     QWidget* m_owner = nullptr;
-    uCaptionBar* m_caption;            // uCap
-    QWidget* m_toolbar;                // pToolbar
-    QPushButton* m_load;               // cmdLoadScript
-    QPushButton* m_save;               // cmdSaveScript
-    QCheckBox* m_auto;                 // chkAuto
-    ScriptTextBox* m_box;              // rtfScript
-    QListWidget* m_list;               // lstProperties
-    QMenu* m_menu;                     // mnuPopup
-    QMenu* m_commandMenu;              // mnuAdd
-    std::array<QTimer*, 4> m_timers{}; // tColorize, tFind, tHelp, tDoPreview
+    uCaptionBar* m_caption;           // uCap
+    QWidget* m_toolbar;               // pToolbar
+    QPushButton* m_load;              // cmdLoadScript
+    QPushButton* m_save;              // cmdSaveScript
+    QCheckBox* m_auto;                // chkAuto
+    ScriptTextBox* m_box;             // rtfScript
+    QListWidget* m_list;              // lstProperties
+    QMenu* m_menu;                    // mnuPopup
+    QMenu* m_commandMenu;             // mnuAdd
+    std::unique_ptr<Timers> m_timers; // tColorize, tFind, tHelp, tDoPreview
     std::unique_ptr<RichTextSurface> m_surface;
     std::unique_ptr<ScriptEditorCore> m_core;
 };
