@@ -6,8 +6,9 @@ namespace fx {
 namespace {
 
 constexpr double kColourMax = 0xFFFFFF;
-constexpr double kCoordMin = -32768;
-constexpr double kCoordMax = 32767;
+// Positions and sizes are 32-bit: images may be far wider than 32767 pixels.
+constexpr double kCoordMin = -2147483648.0;
+constexpr double kCoordMax = 2147483647.0;
 
 FxArgument ranged(std::string_view name, std::string_view type, double min, double max,
                   std::string_view meaning, std::string_view def = "") {
@@ -20,7 +21,7 @@ FxArgument plain(std::string_view name, std::string_view type, std::string_view 
 }
 
 FxArgument coord(std::string_view name, std::string_view meaning) {
-    return ranged(name, "integer", kCoordMin, kCoordMax, meaning);
+    return ranged(name, "long", kCoordMin, kCoordMax, meaning);
 }
 
 FxArgument colour(std::string_view name, std::string_view meaning, std::string_view def = "") {
@@ -290,10 +291,10 @@ std::vector<FxMemberInfo> drawingMembers() {
         {"Area",
          "Area and merge",
          {plain("enabled", "boolean", "True limits later effects to the rectangle"),
-          ranged("x", "integer", 0, 32767, "left", "0"),
-          ranged("y", "integer", 0, 32767, "top", "0"),
-          ranged("width", "integer", 0, 32767, "width; 0 reaches the right edge", "0"),
-          ranged("height", "integer", 0, 32767, "height; 0 reaches the bottom edge", "0")},
+          ranged("x", "long", 0, kCoordMax, "left", "0"),
+          ranged("y", "long", 0, kCoordMax, "top", "0"),
+          ranged("width", "long", 0, kCoordMax, "width; 0 reaches the right edge", "0"),
+          ranged("height", "long", 0, kCoordMax, "height; 0 reaches the bottom edge", "0")},
          "While enabled, effects (not drawing) change only the pixels inside the rectangle."},
         {"Merge",
          "Area and merge",

@@ -251,6 +251,11 @@ void readHeader(LoadResult& r, const fs::path& native, const std::string& script
                                            std::to_string(image.height()) +
                                            " pixels; the limit is 250 megapixels");
     r.source.pages = image.get_typeof(VIPS_META_N_PAGES) ? image.get_int(VIPS_META_N_PAGES) : 1;
+    // ImageMagick hands back the first page for one past the end; the other loaders refuse it.
+    if (page >= r.source.pages)
+        fail(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1) +
+                                          " (the file has " + std::to_string(r.source.pages) +
+                                          (r.source.pages == 1 ? " page)" : " pages)"));
     if (r.source.format->code == format::Heic && image.get_typeof("heif-compression") &&
         image.get_string("heif-compression") == std::string("av1"))
         r.source.format = formatByCode(format::Avif);

@@ -6,6 +6,7 @@
 #include "imaging/io/FileReplace.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/ops/PixelLayout.h"
 
 namespace imaging {
 
@@ -21,9 +22,11 @@ int32_t jpegQuality(const SaveOptions& o) {
 
 namespace {
 
+// Transparent pixels become white.
 VImage flattenAlpha(const VImage& in) {
+    double white = in.format() == VIPS_FORMAT_USHORT ? 65535 : 255;
     return in.has_alpha()
-               ? in.flatten(VImage::option()->set("background", std::vector<double>{255}))
+               ? in.flatten(VImage::option()->set("background", std::vector<double>{white}))
                : in;
 }
 
@@ -36,10 +39,21 @@ VImage toSrgb8(const VImage& in) {
     return out;
 }
 
-VImage toGrey(const VImage& in) {
-    VImage out = flattenAlpha(in);
-    if (out.bands() >= 3) out = out.colourspace(VIPS_INTERPRETATION_B_W);
-    return out.cast(VIPS_FORMAT_UCHAR);
+// The image at its own depth where the format holds it: 16 bits a channel, and float where
+// floatKept (TIFF); otherwise, and for 8-bit images, 8-bit sRGB or grey.
+VImage atOwnDepth(const VImage& in, bool floatKept) {
+    if (in.format() == VIPS_FORMAT_FLOAT && floatKept) return in;
+    if (in.format() == VIPS_FORMAT_USHORT || in.format() == VIPS_FORMAT_FLOAT)
+        return workingLayout(in);
+    return toSrgb8(in);
+}
+
+VImage toGrey(const VImage& in, bool deepKept = false) {
+    VImage out = flattenAlpha(deepKept ? atOwnDepth(in, false) : toSrgb8(in));
+    if (out.bands() >= 3)
+        out = out.colourspace(out.format() == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_GREY16
+                                                                 : VIPS_INTERPRETATION_B_W);
+    return out;
 }
 
 // One bit a pixel: grey thresholded at the middle.
@@ -52,10 +66,8 @@ bool bilevelTiff(const SaveOptions& o) {
     return o.tifCompression == 7 || o.bitsPerPixel == 1;
 }
 
-VImage toRgb(const VImage& in) {
-    VImage out = flattenAlpha(toSrgb8(in));
-    if (out.bands() == 1) out = out.colourspace(VIPS_INTERPRETATION_sRGB);
-    return out;
+VImage toRgb(const VImage& in, bool deepKept = false) {
+    return greyToColour(flattenAlpha(deepKept ? atOwnDepth(in, false) : toSrgb8(in)));
 }
 
 // GIF transparency: pixels of the chosen colour become transparent.
@@ -66,14 +78,16 @@ VImage withTransparentColor(const VImage& in, int32_t color) {
     return rgb.bandjoin(match.ifthenelse(0, 255).cast(VIPS_FORMAT_UCHAR));
 }
 
+// The pixels as the format stores them. Depth is kept where the format holds it: 16 bits in
+// PNG, PPM, PGM and TIFF (but JPEG and WebP compression), float in TIFF.
 VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
     switch (f.code) {
     case format::Jpeg:
         return o.jpgGrayscale ? toGrey(in) : flattenAlpha(toSrgb8(in));
     case format::Ppm:
-        return toRgb(in);
+        return toRgb(in, true);
     case format::Pgm:
-        return toGrey(in);
+        return toGrey(in, true);
     case format::Pbm:
         return toBilevel(in);
     case format::Gif:
@@ -84,9 +98,14 @@ VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
                  "ICO images are at most 256 x 256 pixels; this one is " +
                      std::to_string(in.width()) + " x " + std::to_string(in.height()));
         return toSrgb8(in);
-    case format::Tiff:
+    case format::Tiff: {
         if (bilevelTiff(o)) return toBilevel(in);
-        return o.greyPalette ? toGrey(in) : toSrgb8(in);
+        bool deepKept = o.tifCompression != 4 && o.tifCompression != 6;
+        if (o.greyPalette) return toGrey(in);
+        return deepKept ? atOwnDepth(in, true) : toSrgb8(in);
+    }
+    case format::Png:
+        return o.greyPalette ? toGrey(in) : atOwnDepth(in, false);
     default:
         return o.greyPalette ? toGrey(in) : toSrgb8(in);
     }

@@ -267,23 +267,48 @@ TEST(FxFormats, MultiPageGifAndDcx) {
     }
 }
 
-TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
+// 16-bit and float photos keep their depth where the format holds it, from a plain load and
+// save and through the control's own tone operations; 8-bit formats get them scaled.
+TEST(FxFormats, DepthIsKeptWhereTheFormatHoldsIt) {
     TempDir dir;
+    vips::VImage eight = gradient(64, 48);
     vips::VImage deep =
-        (gradient(64, 48).cast(VIPS_FORMAT_USHORT) * 257)
+        (eight.cast(VIPS_FORMAT_USHORT) * 257 + 100)
             .cast(VIPS_FORMAT_USHORT)
             .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
     deep.pngsave(dir.str("deep.png").c_str());
+    deep.tiffsave(dir.str("deep.tif").c_str());
+    deep.colourspace(VIPS_INTERPRETATION_GREY16).pngsave(dir.str("grey16.png").c_str());
+    vips::VImage linear = eight.colourspace(VIPS_INTERPRETATION_scRGB);
+    linear.tiffsave(dir.str("float.tif").c_str());
+    auto read = [&](const char* name) {
+        return vips::VImage::new_from_file(dir.str(name).c_str());
+    };
+    auto same = [](const vips::VImage& a, const vips::VImage& b) {
+        return a.format() == b.format() && a.bands() == b.bands() && (a - b).abs().max() == 0;
+    };
     FxDriver d;
+    for (const char* name : {"deep.png", "deep.tif", "grey16.png", "float.tif"}) {
+        d.load(dir.str(name));
+        std::string copy = std::string("copy-") + name;
+        d.saveAs(dir.str(copy));
+        EXPECT_TRUE(same(read(copy.c_str()), read(name))) << name;
+    }
+    d.load(dir.str("float.tif"));
+    EXPECT_EQ(d.get(u"IBPP").toLong(), 96);
     d.load(dir.str("deep.png"));
     EXPECT_EQ(d.get(u"IBPP").toLong(), 48);
     d.saveAs(dir.str("flat.jpg"));
-    vips::VImage flat = vips::VImage::new_from_file(dir.str("flat.jpg").c_str());
-    EXPECT_NEAR(flat.avg(), gradient(64, 48).avg(), 3);
+    EXPECT_NEAR(read("flat.jpg").avg(), eight.avg(), 3);
     d.call(u"Negate");
+    d.call(u"Brightness", {I(0)});
     d.saveAs(dir.str("neg.png"));
-    EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(),
-                255 - gradient(64, 48).avg(), 3);
+    vips::VImage neg = read("neg.png");
+    EXPECT_EQ(neg.format(), VIPS_FORMAT_USHORT);
+    EXPECT_EQ((neg - (65535 - deep)).abs().max(), 0);
+    d.let(u"SaveTIFCompression", I(4)); // JPEG in TIFF holds 8 bits
+    d.saveAs(dir.str("jpeg.tif"));
+    EXPECT_EQ(read("jpeg.tif").format(), VIPS_FORMAT_UCHAR);
 }
 
 TEST(FxFormats, GifTypeChoosesDithering) {
