@@ -8,6 +8,7 @@
 
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/io/TiffPages.h"
 #include "platform/NativePath.h"
 
 namespace imaging {
@@ -261,6 +262,9 @@ void readHeader(LoadResult& r, const fs::path& native, const std::string& script
         r.source.format = formatByCode(format::Avif);
     bool bilevel = r.source.format->code == format::Pbm;
     r.bitsPerPixel = bilevel ? 1 : bitsPerPixelOf(image);
+    // libvips reads black-and-white and palette TIFF pages as 8-bit grey or RGB.
+    if (r.source.format->code == format::Tiff)
+        if (int32_t stored = tiffPageBits(native, page)) r.bitsPerPixel = stored;
     r.source.orientation = orientationOf(image);
     r.image = r.source.orientation > 1 ? image.autorot() : image;
 }

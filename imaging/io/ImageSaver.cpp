@@ -6,6 +6,7 @@
 #include "imaging/io/FileReplace.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/io/TiffPages.h"
 #include "imaging/ops/PixelLayout.h"
 
 namespace imaging {
@@ -118,6 +119,11 @@ constexpr VipsForeignTiffCompression kTiffCompression[] = {
     VIPS_FOREIGN_TIFF_COMPRESSION_WEBP,    VIPS_FOREIGN_TIFF_COMPRESSION_CCITTFAX4,
 };
 
+vips::VOption* withTiffOptions(vips::VOption* opt, const SaveOptions& o) {
+    opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", jpegQuality(o));
+    return bilevelTiff(o) ? opt->set("bitdepth", 1) : opt;
+}
+
 void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const char* path,
            int pageHeight) {
     auto* opt = VImage::option()->set("strip", !o.keepMetadata);
@@ -140,9 +146,7 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
         image.pngsave(path, opt);
         return;
     case format::Tiff:
-        opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", q);
-        if (bilevelTiff(o)) opt->set("bitdepth", 1);
-        image.tiffsave(path, opt);
+        image.tiffsave(path, withTiffOptions(opt, o));
         return;
     case format::Gif:
         opt->set("dither", o.gifType == 0 ? 1.0 : 0.0)->set("interlace", o.gifInterlaced);
@@ -200,7 +204,25 @@ VImage pagesOf(const fs::path& file, const FormatDef& f) {
     return VImage::magickload((std::string(f.saver) + ":" + file.string()).c_str(), all);
 }
 
-// Appending a page: the existing pages and the new one become one tall image with page-height.
+// A page joins a TIFF file as it is written, whatever the size, depth and compression of the
+// pages there: the file is copied to temp and the new page's bytes are linked in after its pages,
+// which are neither decoded nor written again. False when the file cannot take it that way.
+bool appendTiffPage(const VImage& page, const SaveOptions& o, const fs::path& file,
+                    const fs::path& temp, const std::string& scriptPath) {
+    VipsBlob* blob =
+        page.tiffsave_buffer(withTiffOptions(VImage::option()->set("strip", !o.keepMetadata), o));
+    size_t size = 0;
+    const auto* bytes = static_cast<const char*>(vips_blob_get(blob, &size));
+    std::string encoded(bytes, size);
+    vips_area_unref(VIPS_AREA(blob));
+    std::error_code ec;
+    fs::copy_file(file, temp, fs::copy_options::overwrite_existing, ec);
+    if (ec) fail(ErrorCode::CannotWrite, scriptPath + " (" + ec.message() + ")");
+    return appendTiffPages(temp, std::move(encoded));
+}
+
+// Appending a page by libvips: the existing pages and the new one, of one size, become one tall
+// image with page-height.
 VImage appendPage(const fs::path& file, const FormatDef& f, const VImage& page, int& pageHeight) {
     VImage old = pagesOf(file, f);
     int oldPage =
@@ -209,14 +231,14 @@ VImage appendPage(const fs::path& file, const FormatDef& f, const VImage& page, 
         fail(ErrorCode::CannotWrite, "a new page must have the size of the pages in " +
                                          file.string() + " (" + std::to_string(old.width()) +
                                          " x " + std::to_string(oldPage) + ")");
-    VImage base = old;
-    VImage add = page;
+    VImage base = toSrgb8(old);
+    VImage add = toSrgb8(page);
     if (base.bands() != add.bands()) {
         base = toRgb(base);
         add = toRgb(add);
     }
     pageHeight = oldPage;
-    return base.cast(VIPS_FORMAT_UCHAR).join(add.cast(VIPS_FORMAT_UCHAR), VIPS_DIRECTION_VERTICAL);
+    return base.join(add, VIPS_DIRECTION_VERTICAL);
 }
 
 } // namespace
@@ -247,10 +269,13 @@ void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileT
     fs::path temp = makeTemp(target);
     try {
         VImage ready = prepare(image, f, o);
-        int pageHeight = 0;
-        if (appendsPages(f, o, target.exists))
-            ready = appendPage(target.file, f, ready, pageHeight);
-        write(ready, f, o, temp.c_str(), pageHeight);
+        bool appending = appendsPages(f, o, target.exists);
+        if (!appending || f.code != format::Tiff ||
+            !appendTiffPage(ready, o, target.file, temp, scriptPath)) {
+            int pageHeight = 0;
+            if (appending) ready = appendPage(target.file, f, ready, pageHeight);
+            write(ready, f, o, temp.c_str(), pageHeight);
+        }
         syncFile(temp);
     } catch (const vips::VError& e) {
         removeTemp(temp);

@@ -213,10 +213,50 @@ TEST(FxFormats, MultiPageAppendAndPageSelection) {
               255 - reader.control->image().avg() + 30);
     reader.let(u"PageNbr", I(9));
     EXPECT_EQ(reader.errorOf([&] { reader.load(tif); }), 20010);
-    // A page of another size cannot join the file; the file keeps its pages.
-    d.call(u"Crop", {I(0), I(0), I(10), I(10)});
-    EXPECT_EQ(d.errorOf([&] { d.saveAs(tif); }), 20005);
+}
+
+// Portrait and landscape photos, 8 and 16 bits, black and white: every page joins one TIFF as it
+// is, and the pages already there stay byte for byte.
+TEST(FxFormats, MultiPageTiffTakesPagesOfAnySize) {
+    TempDir dir;
+    gradient(300, 200).pngsave(dir.str("land.png").c_str());
+    (gradient(120, 180).cast(VIPS_FORMAT_USHORT) * 257)
+        .cast(VIPS_FORMAT_USHORT)
+        .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16))
+        .pngsave(dir.str("port16.png").c_str());
+    std::string tif = dir.str("book.tif");
+    FxDriver d;
+    d.let(u"SaveMultiPage", vbs::Value(true));
+    d.load(dir.str("land.png"));
+    d.saveAs(tif);
+    std::string firstPage = readFile(tif);
+    d.load(dir.str("port16.png"));
+    d.saveAs(tif);
+    d.let(u"SaveTIFCompression", I(7)); // CCITT G4, black and white
+    d.load(dir.str("land.png"));
+    d.call(u"Crop", {L(0), L(0), L(50), L(40)});
+    d.saveAs(tif);
+    std::string book = readFile(tif);
+    size_t changed = 0; // the link from the first page to the next one
+    for (size_t k = 0; k < firstPage.size(); ++k)
+        changed += book[k] != firstPage[k];
+    EXPECT_LE(changed, 4u);
     EXPECT_EQ(d.get(u"NumPages", {S(tif.c_str())}).toLong(), 3);
+    struct Page {
+        int width, height, bpp;
+    };
+    const Page pages[] = {{300, 200, 24}, {120, 180, 48}, {50, 40, 1}};
+    FxDriver reader;
+    for (int k = 0; k < 3; ++k) {
+        reader.let(u"PageNbr", I(k + 1));
+        reader.load(tif);
+        EXPECT_EQ(reader.width(), pages[k].width) << k;
+        EXPECT_EQ(reader.height(), pages[k].height) << k;
+        EXPECT_EQ(reader.get(u"IBPP").toLong(), pages[k].bpp) << k;
+    }
+    vips::VImage deep = vips::VImage::new_from_file(dir.str("port16.png").c_str());
+    vips::VImage back = vips::VImage::tiffload(tif.c_str(), vips::VImage::option()->set("page", 1));
+    EXPECT_EQ((back - deep).abs().max(), 0);
 }
 
 TEST(FxFormats, MetadataAndOrientationKept) {
@@ -264,6 +304,9 @@ TEST(FxFormats, MultiPageGifAndDcx) {
         int err = d.errorOf([&] { d.saveAs(path); });
         ASSERT_EQ(err, 0) << name << ": " << d.lastDescription;
         EXPECT_EQ(d.get(u"NumPages", {S(path.c_str())}).toLong(), 2) << name;
+        FxDriver reader;
+        reader.let(u"PageNbr", I(3));
+        EXPECT_EQ(reader.errorOf([&] { reader.load(path); }), 20010) << name;
     }
 }
 
