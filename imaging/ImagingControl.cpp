@@ -187,8 +187,17 @@ void ImagingControl::setImage(VImage image) {
 // script's usual handful of operations stays one pipeline, computed by the save.
 void ImagingControl::keepPipelineShallow() {
     if (++m_depth < kPipelineDepth) return;
-    m_image = m_image.copy_memory();
     m_depth = 0;
+    // A very large image goes to a temporary file instead (deleted when no longer used), as
+    // libvips' own loaders do.
+    constexpr size_t kMemoryCopyLimit = size_t(256) << 20;
+    if (VIPS_IMAGE_SIZEOF_IMAGE(m_image.get_image()) <= kMemoryCopyLimit) {
+        m_image = m_image.copy_memory();
+        return;
+    }
+    VImage file = VImage::new_temp_file("%s.v");
+    m_image.write(file);
+    m_image = file;
 }
 
 void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {

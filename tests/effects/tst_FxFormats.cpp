@@ -331,12 +331,17 @@ TEST(FxFormats, DepthIsKeptWhereTheFormatHoldsIt) {
         return a.format() == b.format() && a.bands() == b.bands() && (a - b).abs().max() == 0;
     };
     FxDriver d;
-    for (const char* name : {"deep.png", "deep.tif", "grey16.png", "float.tif"}) {
+    for (const char* name : {"grey16.png", "deep.tif", "float.tif", "deep.png"}) {
         d.load(dir.str(name));
         std::string copy = std::string("copy-") + name;
         d.saveAs(dir.str(copy));
         EXPECT_TRUE(same(read(copy.c_str()), read(name))) << name;
     }
+    d.saveAs(dir.str("deep.ppm")); // deep.png is loaded last above
+    EXPECT_TRUE(same(read("deep.ppm"), read("deep.png")));
+    d.load(dir.str("grey16.png"));
+    d.saveAs(dir.str("grey16.pgm"));
+    EXPECT_TRUE(same(read("grey16.pgm"), read("grey16.png")));
     d.load(dir.str("float.tif"));
     EXPECT_EQ(d.get(u"IBPP").toLong(), 96);
     d.load(dir.str("deep.png"));

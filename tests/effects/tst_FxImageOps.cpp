@@ -135,6 +135,11 @@ TEST_F(FxOps, ColourOnAGreyPhotoShowsInColour) {
     EXPECT_LT(std::abs(drawn.getpoint(100, 100)[0] - drawn.getpoint(100, 100)[2]), 8);
 
     d.load(dir.str("grey.jpg"));
+    d.call(u"Colorize", {L(0x0000FF)}); // tints the black-and-white photo red
+    EXPECT_EQ(image().bands(), 3);
+    EXPECT_EQ(image()[0].min(), 255);
+
+    d.load(dir.str("grey.jpg"));
     d.let(u"BackColor", L(0x0000FF));
     d.call(u"Rotate", {I(30)});
     EXPECT_TRUE(isRed(image().getpoint(0, 0)));
