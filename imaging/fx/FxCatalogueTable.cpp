@@ -281,7 +281,7 @@ std::vector<FxMemberInfo> drawingMembers() {
          "Drawing",
          {coord("x1", "first point x"), coord("y1", "first point y"), coord("x2", "second point x"),
           coord("y2", "second point y"),
-          plain("x3 ... y6", "integer", "up to four more points, in pairs", "none"), pen},
+          plain("x3 ... y6", "long", "up to four more points, in pairs", "none"), pen},
          "Draws a closed polygon of two to six points, filled with the fill style."},
         {"DrawText",
          "Drawing",

@@ -40,8 +40,9 @@ VImage toSrgb8(const VImage& in) {
     return out;
 }
 
-// The image at its own depth where the format holds it: 16 bits a channel, and float where
-// floatKept (TIFF); otherwise, and for 8-bit images, 8-bit sRGB or grey.
+// The image at its own depth for a format that holds 16 bits a channel: 16-bit images stay so,
+// float ones stay float where floatKept (TIFF) and become 16 bits otherwise; 8-bit images and
+// the other formats become 8-bit sRGB or grey.
 VImage atOwnDepth(const VImage& in, bool floatKept) {
     if (in.format() == VIPS_FORMAT_FLOAT && floatKept) return in;
     if (in.format() == VIPS_FORMAT_USHORT || in.format() == VIPS_FORMAT_FLOAT)
@@ -101,8 +102,8 @@ VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
         return toSrgb8(in);
     case format::Tiff: {
         if (bilevelTiff(o)) return toBilevel(in);
-        bool deepKept = o.tifCompression != 4 && o.tifCompression != 6;
         if (o.greyPalette) return toGrey(in);
+        bool deepKept = o.tifCompression != 4 && o.tifCompression != 6; // not JPEG or WebP
         return deepKept ? atOwnDepth(in, true) : toSrgb8(in);
     }
     case format::Png:

@@ -107,6 +107,7 @@ class Reader {
 public:
     explicit Reader(const fs::path& file) : m_in(file, std::ios::binary) {}
     bool read(uint64_t at, char* out, size_t size) {
+        m_in.clear();
         m_in.seekg(std::streamoff(at));
         m_in.read(out, std::streamsize(size));
         return bool(m_in);
