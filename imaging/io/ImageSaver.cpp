@@ -130,8 +130,10 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
     auto* opt = VImage::option()->set("strip", !o.keepMetadata);
     if (pageHeight > 0) opt->set("page_height", pageHeight);
     int q = jpegQuality(o);
-    // Below 8 bits a palette is the only way to store the reduced depth that reads back as such.
-    bool palette = o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette);
+    // Below 8 bits a palette is the only way to store the reduced depth that reads back as such;
+    // 8 bits of colour are a palette too. 8 bits of grey stay grey.
+    bool palette =
+        o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette && !isGreyLayout(image));
     switch (f.code) {
     case format::Jpeg:
         image.jpegsave(path,
