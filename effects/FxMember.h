@@ -30,6 +30,9 @@ struct MemberDef {
     std::string_view argNames;
     std::string_view description;
     Handler handler = nullptr; // nullptr: the control's operation or property of the same name
+    // The arguments of an example call, for a member whose arguments declare no range to make
+    // one from (the reference document shows it).
+    std::string_view example = {};
 };
 
 std::span<const MemberDef> memberTable();

@@ -85,10 +85,53 @@ Value clsVTEffects::invoke(int id, InvokeKind kind, std::span<Value*> args) {
     if (!def) vbs::raise(ErrorCode::WrongArgumentCount, vbs::String(table[id].name));
     checkArgCount(*def, args);
     try {
-        return call(*def, args);
+        Value result = call(*def, args);
+        noteSaveSite(def->name);
+        return result;
+    } catch (const imaging::DeferredSaveFailure& failure) {
+        raiseDeferred(failure);
     } catch (const imaging::ImagingError& e) {
         fx::raiseFromImaging(e, def->name);
     }
+}
+
+// A save handed to the background is remembered with the statement that asked for it: if it
+// fails, the error is reported there, as it would have been had the save been done at once.
+void clsVTEffects::noteSaveSite(std::u16string_view member) {
+    const std::optional<uint64_t> ticket = control().takeSaveTicket();
+    if (!ticket) return;
+    vbs::ScriptError site(0, {}, u"fx." + vbs::String(member));
+    vbs::locateAtRunningStatement(site);
+    m_saveSites.emplace(*ticket, std::move(site));
+    // Only the last few saves can still be running or have an unreported failure.
+    while (m_saveSites.size() > 256)
+        m_saveSites.erase(m_saveSites.begin());
+}
+
+void clsVTEffects::raiseDeferred(const imaging::DeferredSaveFailure& failure) {
+    auto site = m_saveSites.find(failure.ticket());
+    vbs::ScriptError e(failure.number(), vbs::fromUtf8(failure.what()),
+                       site == m_saveSites.end() ? vbs::String(u"fx.SaveFile")
+                                                 : site->second.source);
+    if (site != m_saveSites.end()) {
+        e.line = site->second.line;
+        e.column = site->second.column;
+        e.chunk = site->second.chunk;
+    }
+    throw e;
+}
+
+std::optional<vbs::ScriptError> clsVTEffects::finishRun() {
+    try {
+        control().finishRun();
+    } catch (const imaging::DeferredSaveFailure& failure) {
+        try {
+            raiseDeferred(failure);
+        } catch (const vbs::ScriptError& e) {
+            return e;
+        }
+    }
+    return std::nullopt;
 }
 
 // A member without a handler is the control's operation or property of the same name.

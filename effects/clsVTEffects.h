@@ -2,12 +2,15 @@
 // control with the save-name rules, MsgDisplay, Picture and the resize/colour helpers.
 #pragma once
 
+#include <map>
 #include <memory>
+#include <optional>
 
 #include "effects/FxMember.h"
 #include "imaging/ImagingControl.h"
 #include "vbscript/Host.h"
 #include "vbscript/Object.h"
+#include "vbscript/ScriptError.h"
 
 class clsVTEffects : public vbs::Dispatch {
 public:
@@ -36,11 +39,18 @@ public:
     void SaveFileNameExtension(const vbs::String& extension);
     void setFilename(const vbs::String& name);
 
+    // The end of a run: waits for the saves still running in the background and returns the
+    // first failure among them that no statement has reported yet, placed at its SaveFile.
+    std::optional<vbs::ScriptError> finishRun();
+
 private:
     vbs::Value call(const fx::MemberDef& def, std::span<vbs::Value*> args);
+    void noteSaveSite(std::u16string_view member);
+    [[noreturn]] void raiseDeferred(const imaging::DeferredSaveFailure& failure);
 
     std::shared_ptr<imaging::ImagingControl> m_control;
     vbs::Host* m_host = nullptr;
+    std::map<uint64_t, vbs::ScriptError> m_saveSites; // by save ticket
 };
 
 // Wraps an imaging control so that a script host can hand it to fx.Init as an object.

@@ -9,6 +9,7 @@
 
 #include <cstdlib>
 #include <optional>
+#include <utility>
 
 namespace mEngineMain {
 
@@ -44,10 +45,7 @@ int exitStatus(ScriptStatus status) {
 
 ScriptHostServices& scriptHostServices() {
     static ScriptHostServices services{
-        {},
-        {},
-        [](int status) { std::exit(status); },
-        [](const QString&) {},
+        {}, {}, {}, [](int status) { std::exit(status); }, [](const QString&) {},
     };
     return services;
 }
@@ -86,7 +84,8 @@ std::optional<ScriptFailure> runSteps(ScriptEngine& engine, const QString& scrip
 
 } // namespace
 
-QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status) {
+QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status,
+                  int* skippedSaves) {
     ScriptStatus ignored;
     ScriptStatus& outcome = status ? *status : ignored;
     outcome = ScriptStatus::Succeeded;
@@ -100,9 +99,17 @@ QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* sta
         return {};
     }
     QString result;
-    const std::optional<ScriptFailure> failure = runSteps(*engine, scriptText, progress, &result);
+    std::optional<ScriptFailure> failure = runSteps(*engine, scriptText, progress, &result);
+    bool savedLate = false;
+    if (std::function<EffectsOutcome()> finish =
+            std::exchange(scriptHostServices().finishEffects, {})) {
+        EffectsOutcome end = finish();
+        // A save that failed in the background was asked for before whatever stopped the script.
+        if (end.failure) failure = end.failure, savedLate = true;
+        if (skippedSaves) *skippedSaves = end.skippedSaves;
+    }
     if (!failure) return result;
-    if (progress.cancelRequested()) {
+    if (progress.cancelRequested() && !savedLate) {
         outcome = ScriptStatus::Cancelled;
         return {};
     }
@@ -123,8 +130,9 @@ RunOutcome runCommandLine(const QString& commandLine, bool previewMode, const Ru
         outcome.status = ScriptStatus::Refused;
         break;
     case RunPlan::Next::Run:
-        loadProgressWindow().beginRun(plan.files);
-        outcome.result = RunScript(plan.script, previewMode, &outcome.status);
+        loadProgressWindow().beginRun({plan.files, plan.savesInFlight, plan.skipNewer});
+        outcome.result =
+            RunScript(plan.script, previewMode, &outcome.status, &outcome.skippedSaves);
         ConsoleLine::finish(); // the shell's prompt or the next message starts on a line of its own
         if (plan.exitAfterRun)
             services.exitProcess(exitStatus(outcome.status));

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace mEngineMain {
 
@@ -27,9 +28,18 @@ public:
 // The parts of a run that come from elsewhere: the script engine, the effects object bound to
 // the progress window's imaging control, and what ending the process and opening the main
 // window mean in this process.
+// The end of a run as the effects object sees it: a save that failed in the background, and the
+// saves skipped because their target was newer than the photo.
+struct EffectsOutcome {
+    std::optional<ScriptFailure> failure;
+    int skippedSaves = 0;
+};
+
 struct ScriptHostServices {
     std::function<std::unique_ptr<ScriptEngine>()> createEngine; // null result: no engine
     std::function<vbs::Ref<vbs::Dispatch>(frmConvProgress&)> createEffects;
+    // Set by createEffects for the run it serves; the host calls it once the script has ended.
+    std::function<EffectsOutcome()> finishEffects;
     std::function<void(int status)> exitProcess;
     std::function<void(const QString& commandViewText)> showMainWindow;
 };
@@ -48,6 +58,7 @@ struct RunOutcome {
     ScriptStatus status = ScriptStatus::NotRun;
     QStringList problems; // why the line was refused, or what the run left out
     int skippedFiles = 0; // photos of the named folders that could not be named
+    int skippedSaves = 0; // saves left out because their target was newer (/skipnewer)
 };
 
 // The process's exit status after a run: 0 success (or nothing run), 1 script error, 2 the line
@@ -56,7 +67,8 @@ int exitStatus(ScriptStatus status);
 
 // Runs one finished script: "" after success and after a failure shown in a box; in preview
 // mode the error text. *status tells how it went.
-QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status = nullptr);
+QString RunScript(const QString& scriptText, bool previewMode, ScriptStatus* status = nullptr,
+                  int* skippedSaves = nullptr);
 
 // The engine's single entry: expands and runs the line, then ends the process ("/exit") or
 // opens the main window, through scriptHostServices(). A line that cannot be carried out (a

@@ -50,13 +50,13 @@ void frmConvProgress::setBackend(std::unique_ptr<ProgressBackend> backend) {
     render();
 }
 
-void frmConvProgress::beginRun(const QStringList& files) {
-    beginRun(int(files.size()));
-    m_runFiles = files;
+void frmConvProgress::beginRun(const RunSettings& settings) {
+    beginRun(int(settings.files.size()));
+    m_run = settings;
 }
 
 void frmConvProgress::beginRun(int fileCount) {
-    m_runFiles.clear();
+    m_run = {};
     m_state.cancelRequested = false;
     m_state.fileCount = fileCount > 0 ? fileCount : 0;
     m_state.fileNumber = 0;

@@ -61,10 +61,16 @@ public:
 
     // Start of a batch of fileCount photos (0 = unknown): counting and timing start over.
     void beginRun(int fileCount);
-    // Start of a batch over these photos; the effects object tells the imaging control, so that
-    // no save of the run can replace another of its photos.
-    void beginRun(const QStringList& files);
-    const QStringList& runFiles() const { return m_runFiles; }
+    // What the effects object tells the imaging control at the start of a run: the photos (so
+    // that no save of the run replaces another of them), how many saves may run in the
+    // background, and whether saves whose target is newer than the photo are skipped.
+    struct RunSettings {
+        QStringList files;
+        int savesInFlight = 1;
+        bool skipNewer = false;
+    };
+    void beginRun(const RunSettings& settings);
+    const RunSettings& runSettings() const { return m_run; }
     const ProgressState& state() const { return m_state; }
 
     // The imaging control every batch works on. Created by the effects factory on first use and
@@ -84,5 +90,5 @@ private:
     std::unique_ptr<ProgressBackend> m_backend;
     ProgressState m_state;
     QElapsedTimer m_clock;
-    QStringList m_runFiles;
+    RunSettings m_run;
 };

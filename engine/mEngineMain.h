@@ -58,6 +58,8 @@ struct Reports {
 
 // Folder walks stay inside the folder: links to folders are followed only with followLinks.
 // A name holding "\" cannot be written in the "\" form; it is told to `note` and left out.
+// "/filelist:FILE" adds one photo per line of FILE ("-": standard input), after the "/files:"
+// photos; its paths may use "/" or "\".
 FileList collectFiles(const QString& line, const Reports& reports, bool followLinks = false);
 
 // One ProcessEffects call per photo, each path an escaped string expression.
@@ -101,11 +103,23 @@ struct RunPlan {
     int fileCount = 0; // ProcessEffects calls generated, for the progress display
     // Photos of the named folders that were left out (names that cannot be expressed).
     int skippedFiles = 0;
+    // Saves that may run beside the script ("/parallel:", when the script allows it), and
+    // whether saves whose target is newer than the photo are skipped ("/skipnewer").
+    int savesInFlight = 1;
+    bool skipNewer = false;
     // Named sources that cannot be used; in a refused plan, each reason to refuse.
     QStringList problems;
     // Interactive start: the text for the command-line view; empty keeps the scripting view.
     QString commandViewText;
 };
+
+// Whether a script's saves may run in the background while it goes on with the next photo. The
+// script itself always runs one statement after another; only the encoding and writing of a
+// saved photo overlap what follows. That cannot change what the script does or the files it
+// leaves unless the script could see a failure late or show something between a save and its
+// failure: so not with On Error, message or input boxes, objects of its own making, or code it
+// runs from text (Execute, ExecuteGlobal, Eval).
+bool backgroundSavesAllowed(const QString& script);
 
 // Expands the line, chooses the mode, fills the template and asks the "Possible Error" question
 // through the current Messages object. Runs nothing.

@@ -1,7 +1,11 @@
 // Generated script pieces of a batch: the ProcessEffects calls and the effects body.
 #include "engine/mEngineMain.h"
 
+#include "platform/TextCodec.h"
 #include "platform/mFile.h"
+
+#include <QFile>
+#include <QRegularExpression>
 
 #include <functional>
 
@@ -66,6 +70,44 @@ void addListedFiles(QStringList& files, const QString& value, const Reports& rep
     }
 }
 
+// The lines of a photo list: bytes, so that any name but one holding a line break can be listed.
+QByteArray readList(const QString& source) {
+    if (source == u"-") {
+        QFile in;
+        return in.open(stdin, QIODevice::ReadOnly) ? in.readAll() : QByteArray();
+    }
+    QFile file(QString::fromStdString(mFile::toDisk(source).native()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// "/filelist:" entries, in the "\" form; a name holding "\" cannot be written so.
+void addListFiles(FileList& list, const QString& value, const Reports& reports) {
+    const QString source = value.trimmed();
+    if (source != u"-" && !mFile::FileExists(source)) {
+        tell(reports.problem, QStringLiteral("file list not found: %1 (/filelist:)").arg(source));
+        return;
+    }
+    for (QByteArray line : readList(source).split('\n')) {
+        if (line.endsWith('\r')) line.chop(1);
+        if (line.isEmpty()) continue;
+        QString path =
+            TextCodec::fromNativeName(std::string_view(line.constData(), size_t(line.size())));
+        if (path.contains(u'\\')) {
+            tell(reports.note,
+                 QStringLiteral("skipped \"%1\": a name holding \"\\\" cannot be written as a "
+                                "path here; rename it to process it")
+                     .arg(path));
+            ++list.skipped;
+            continue;
+        }
+        path.replace(u'/', u'\\');
+        if (mFile::FileExists(path))
+            list.files.append(path);
+        else
+            tell(reports.problem, QStringLiteral("photo not found: %1 (/filelist:)").arg(path));
+    }
+}
+
 bool startsWithWord(const QString& item, QLatin1String word) {
     return item.left(word.size()).compare(word, Qt::CaseInsensitive) == 0;
 }
@@ -80,11 +122,13 @@ FileList collectFiles(const QString& line, const Reports& reports, bool followLi
                    followLinks);
     addFolderFiles(list, folderFiles, line, QStringLiteral("/folderall:"), true, reports,
                    followLinks);
-    bool hasFilesSwitch = false;
+    bool hasFilesSwitch = false, hasList = false;
     const QString explicitFiles = switchValue(line, QStringLiteral("/files:"), &hasFilesSwitch);
-    list.hasSource = hasFilesSwitch || !folderFiles.isEmpty();
+    const QString fileList = switchValue(line, QStringLiteral("/filelist:"), &hasList);
+    list.hasSource = hasFilesSwitch || hasList || !folderFiles.isEmpty();
     if (!list.hasSource) return list;
     addListedFiles(list.files, explicitFiles, reports);
+    if (hasList) addListFiles(list, fileList, reports);
     list.files += folderFiles;
     if (list.files.isEmpty()) tell(reports.problem, QStringLiteral("no photo to process"));
     return list;
@@ -103,6 +147,14 @@ QString scriptStringExpression(const QString& text) {
             out += c;
     }
     return out + u'"';
+}
+
+bool backgroundSavesAllowed(const QString& script) {
+    static const QRegularExpression observers(
+        QStringLiteral("\\b(On\\s+Error|MsgBox|InputBox|MsgDisplay|CreateObject|GetObject|"
+                       "Execute|ExecuteGlobal|Eval)\\b"),
+        QRegularExpression::CaseInsensitiveOption);
+    return !script.contains(observers);
 }
 
 QString mainCodeFor(const QStringList& files) {

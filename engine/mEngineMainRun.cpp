@@ -204,6 +204,19 @@ QString loadTemplate(const QString& line, const RunOptions& options, Reporter& r
     return text;
 }
 
+// "/parallel:N" photos at once (1: one at a time); by default as many as there are cores.
+int savesInFlight(const QString& line, Reporter& reporter) {
+    bool present = false;
+    const QString value = switchValue(line, QStringLiteral("/parallel:"), &present).trimmed();
+    if (!present) return std::max(1, int(std::thread::hardware_concurrency()));
+    bool ok = false;
+    const int n = value.toInt(&ok);
+    if (ok && n >= 1 && n <= 64) return n;
+    reporter.problem(
+        QStringLiteral("not a number of photos from 1 to 64: %1 (/parallel:)").arg(value));
+    return 1;
+}
+
 // The question of a batch that ends the process without ever saving.
 void warnAboutMissingSave(QString& line) {
     if (!has(line, QStringLiteral("/exit")) || has(line, QStringLiteral("/fx.savefile"))) return;
@@ -232,6 +245,8 @@ RunPlan prepareBatch(QString line, const RunOptions& options, Reporter& reporter
         plan.fileCount = int(list.files.size());
         plan.skippedFiles = list.skipped;
     }
+    plan.savesInFlight = savesInFlight(line, reporter);
+    plan.skipNewer = has(line, QStringLiteral("/skipnewer"));
     plan.line = line;
     plan.exitAfterRun = has(line, QStringLiteral("/exit"));
     plan.next = has(line, QStringLiteral("/showscriptwindow")) ? RunPlan::Next::OpenWindow
@@ -244,6 +259,7 @@ RunPlan prepareBatch(QString line, const RunOptions& options, Reporter& reporter
         warnAboutMissingSave(line);
         script.replace(kEffectsPlaceholder, buildEffectsBody(line), Qt::CaseInsensitive);
     }
+    if (!backgroundSavesAllowed(script)) plan.savesInFlight = 1;
     plan.line = line;
     plan.script = script;
     return plan;

@@ -49,6 +49,9 @@ const char* const kUsage =
     "  /folder:F;G           every image of these folders\n"
     "  /folderall:F          every image of this folder and its subfolders\n"
     "  /followlinks          let /folderall: follow links to folders (left out by default)\n"
+    "  /filelist:FILE        one photo per line of FILE (\"-\": standard input)\n"
+    "  /skipnewer            skip a save whose file is newer than its photo (resumes a run)\n"
+    "  /parallel:N           photos saved at once (default: the number of cores; 1: one)\n"
     "  /fx.<statement>       one statement on the effects object, e.g. /fx.ResizePercent 50\n"
     "  /progress.<statement> one statement on the progress display\n"
     "  /cmd:<statement>      any script statement\n"
@@ -163,6 +166,10 @@ int Main(int argc, char** argv) {
     const mEngineMain::RunOutcome outcome = mEngineMain::runCommandLine(line, false, options);
     if (outcome.status == mEngineMain::ScriptStatus::Refused)
         return reportRefusal(outcome.problems);
+    if (outcome.skippedSaves > 0)
+        printWarning(QStringLiteral("%1 saves skipped: the file each would write is newer than its "
+                                    "photo (/skipnewer)")
+                         .arg(outcome.skippedSaves));
     int status =
         requests.exitStatus ? *requests.exitStatus : mEngineMain::exitStatus(outcome.status);
     // Photos left out for their names were not processed: the run did not do all it was asked.

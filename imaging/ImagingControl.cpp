@@ -43,6 +43,7 @@ ImagingControl::~ImagingControl() = default;
 // Runs one member: clears the last error, and turns every failure into ImagingError with the
 // library's message kept, recording its code for ImagError.
 template <class F> void ImagingControl::guarded(std::string_view what, F&& body, bool clearsError) {
+    throwSaveFailure();
     if (clearsError) m_lastError = 0;
     // Members nest (setting FileName loads): the outer one is the running one again afterwards.
     struct Running {
@@ -52,7 +53,14 @@ template <class F> void ImagingControl::guarded(std::string_view what, F&& body,
     } running{m_running, std::exchange(m_running, what)};
     try {
         body();
+    } catch (const DeferredSaveFailure&) {
+        throw;
     } catch (const ImagingError& e) {
+        // A save still running in the background came first: if it fails, that is the error.
+        if (m_saves.busy()) {
+            m_saves.drain();
+            throwSaveFailure();
+        }
         if (e.code() == ErrorCode::ProcessingFailed) failIfJpegDamage(e.detail());
         m_lastError = e.number();
         throw;
@@ -306,6 +314,8 @@ void ImagingControl::setFileName(const std::string& name) {
         if (trimmed != name && !std::filesystem::exists(diskPath(name), ec) &&
             std::filesystem::exists(diskPath(trimmed), ec))
             path = trimmed;
+        // The file may be one a save of this run is still writing.
+        m_saves.waitFor(diskPath(path));
         m_undo.clear();
         m_planes.clear();
         m_streamed = false;
@@ -333,76 +343,21 @@ void ImagingControl::setFileName(const std::string& name) {
     });
 }
 
-SaveOptions ImagingControl::saveOptions() const {
-    SaveOptions o;
-    o.lumFactor = storedInt("SaveJPGLumFactor");
-    o.chromFactor = storedInt("SaveJPGChromFactor");
-    o.subSampling = storedInt("SaveJPGSubSampling");
-    o.progressive = storedBool("SaveJPGProgressive");
-    o.jpgGrayscale = storedBool("SaveJPGGrayscale");
-    o.pngInterlaced = storedBool("SavePNGInterlaced");
-    o.tifCompression = storedInt("SaveTIFCompression");
-    o.gifType = storedInt("SaveGIFType");
-    o.gifInterlaced = storedBool("SaveGIFInterlaced");
-    o.gifTransparent = storedBool("SaveGIFTransparent");
-    o.gifTColor = storedInt("SaveGIFTColor");
-    o.ppmType = storedInt("SavePPMType");
-    o.pgmType = storedInt("SavePGMType");
-    o.pbmType = storedInt("SavePBMType");
-    o.multiPage = storedBool("SaveMultiPage");
-    o.keepMetadata = storedBool("KeepMetadata");
-    o.bitsPerPixel = m_bitsPerPixel;
-    o.greyPalette = m_greyPalette;
-    return o;
-}
-
-// Saving over the photo being read. A file of several pages would keep only the loaded one, so
-// that is refused unless the save adds a page. Otherwise the photo is decoded fully first, so
-// that nothing reads the file again after it has been replaced.
-void ImagingControl::prepareInPlace(const std::string& target, bool appending) {
-    if (m_source.pages > 1 && !appending)
-        fail(ErrorCode::CannotWrite, "saving over " + target + " would keep only page " +
-                                         std::to_string(m_source.page + 1) + " of its " +
-                                         std::to_string(m_source.pages) +
-                                         " pages; save under another name");
-    const VImage& whole = image();
-    try {
-        m_image = whole.copy_memory();
-        m_depth = 0;
-    } catch (const vips::VError& e) {
-        failFromVips(ErrorCode::DamagedImage, m_fileName, e);
-    }
-}
-
 void ImagingControl::saveFile() {
-    guarded("SaveFile", [&] {
-        if (!m_hasImage) fail(ErrorCode::NoImage, "load a file first");
-        std::string target = std::get<std::string>(stored("SaveFileName"));
-        SaveOptions o = saveOptions();
-        fs::path native = savePath(target);
-        std::error_code ec;
-        bool appending =
-            !target.empty() &&
-            appendsPages(saveFormat(target, storedInt("SaveFileType")), o, fs::exists(native, ec));
-        m_claims.check(native, target, m_source.nativePath, appending);
-        if (!m_source.nativePath.empty() && fs::equivalent(m_source.nativePath, native, ec))
-            prepareInPlace(target, appending);
-        bool streamed = m_streamed;
-        try {
-            saveImage(imageForSave(), target, storedInt("SaveFileType"), o, m_fileName);
-        } catch (const ImagingError& e) {
-            // A streamed save fails alike for a damaged photo and for the target; decoding the
-            // photo alone tells which (and raises DamagedImage naming it).
-            if (streamed && e.code() != ErrorCode::DamagedImage) materialise();
-            throw;
-        }
-        m_claims.claim(native, m_source.nativePath, m_fileName);
-    });
+    guarded("SaveFile", [&] { saveCurrent(); });
+}
+
+void ImagingControl::finishRun() {
+    m_saves.drain();
+    if (auto failure = m_saves.takeFailure()) throw *failure;
 }
 
 int32_t ImagingControl::numPages(const std::string& fileName) {
     int32_t pages = 0;
-    guarded("NumPages", [&] { pages = countPages(fileName); });
+    guarded("NumPages", [&] {
+        m_saves.waitFor(diskPath(fileName));
+        pages = countPages(fileName);
+    });
     return pages;
 }
 

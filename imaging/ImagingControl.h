@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -15,6 +16,7 @@
 #include "imaging/ImagingError.h"
 #include "imaging/Operation.h"
 #include "imaging/io/RunClaims.h"
+#include "imaging/io/SaveQueue.h"
 
 namespace imaging {
 
@@ -65,10 +67,26 @@ public:
     // written by the run for another photo (see RunClaims), and saving over a file of several
     // pages, which would keep only the loaded one.
     void saveFile();
+    // How a run saves: how many saves may run beside the script at once (1: each save is done
+    // before SaveFile returns), and whether a photo whose target exists and is newer than the
+    // photo is skipped (an interrupted or repeated run then does only what is left).
+    struct RunOptions {
+        int savesInFlight = 1;
+        bool skipNewer = false;
+    };
     // Starts a run over these photos ("\" form): forgets the previous run's claims and claims
     // each photo for itself. Without it, files written still stay with the photo they were
     // written for, for the life of the control.
-    void beginRun(const std::vector<std::string>& sources) { m_claims.begin(sources); }
+    void beginRun(const std::vector<std::string>& sources, const RunOptions& options);
+    void beginRun(const std::vector<std::string>& sources) { beginRun(sources, RunOptions{}); }
+    void setSavesInFlight(int inFlight);
+    // The ticket of the save SaveFile just handed to the background, once (a failure of that save
+    // is reported later as a DeferredSaveFailure carrying it).
+    std::optional<uint64_t> takeSaveTicket();
+    // Waits for the background saves; throws the first failure not yet reported.
+    void finishRun();
+    // Saves skipped by the run because their target was newer than the photo.
+    int skippedSaves() const { return m_skippedSaves; }
     int32_t numPages(const std::string& fileName);
 
     // The current image. setImage records the undo snapshot and marks the image changed.
@@ -131,6 +149,10 @@ private:
     const vips::VImage& imageForSave();
     SaveOptions saveOptions() const;
     void prepareInPlace(const std::string& target, bool appending);
+    void saveCurrent();
+    void saveHere(const std::string& target, const SaveOptions& o);
+    void saveInBackground(const std::string& target, const SaveOptions& o);
+    void throwSaveFailure();
 
     std::string m_fileName;
     // A resize of an untouched JPEG leaves m_image as a pipeline that decodes the file
@@ -161,6 +183,10 @@ private:
     std::map<std::string, Arg, std::less<>> m_stored; // keyed by declared name
     InvokeObserver m_observer;
     RunClaims m_claims;
+    SaveQueue m_saves;
+    std::optional<uint64_t> m_lastTicket;
+    bool m_skipNewer = false;
+    int m_skippedSaves = 0;
     std::string_view m_running; // the member being run, for errors raised deep inside it
 };
 

@@ -10,6 +10,7 @@ namespace vbs {
 
 class Host;
 class Engine;
+struct Locale;
 
 // VBScript's Rnd generator (a 24-bit linear congruential generator) and Randomize.
 class RandomState {
@@ -31,8 +32,9 @@ public:
         : m_engine(engine), m_host(host), m_random(random) {}
     Host& host() const { return m_host; }
     RandomState& random() const { return m_random; }
-    // Locale of the engine: always en-US (1033).
-    uint32_t lcid() const { return 1033; }
+    // The engine's locale (SetLocale), which conversions in this call use too.
+    const Locale& locale() const;
+    void setLocale(const Locale& locale) const;
     Engine& engine() const { return m_engine; }
 
 private:
@@ -52,8 +54,8 @@ struct BuiltinDef {
     Value (*fn)(CallContext&, std::span<Value*> args);
 };
 
-// A class the host or library provides for "New Name" (RegExp); script classes of the same
-// name come first.
+// A class the host or library provides for "New Name" (RegExp). A script may declare a class of
+// the same name, but New still makes the provided one.
 struct NativeClassDef {
     std::u16string_view name;
     Ref<Dispatch> (*create)();

@@ -11,6 +11,12 @@ String defaultErrorSource(int32_t number, bool compileTime)
                                   : u"Microsoft VBScript runtime error";
 }
 
+bool isEngineObject(const Object* object)
+{
+    return dynamic_cast<const ClassInstance*>(object) || dynamic_cast<const ErrObject*>(object)
+        || dynamic_cast<const ProcedureRef*>(object) || dynamic_cast<const GlobalScope*>(object);
+}
+
 ClassInstance::ClassInstance(Engine& engine, ClassDef* cls, std::shared_ptr<Program> program)
     : m_engine(engine), m_engineAlive(engine.m_alive), m_cls(cls), m_program(std::move(program))
 {
@@ -118,6 +124,8 @@ void ErrObject::set(const ScriptError& e)
     number = e.number;
     description = e.description.empty() ? errorMessage(e.number) : e.description;
     source = e.source.empty() ? defaultErrorSource(e.number, e.compileTime) : e.source;
+    helpFile = e.helpFile;
+    helpContext = e.helpContext;
 }
 
 Value ErrObject::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
@@ -144,21 +152,32 @@ Value ErrObject::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
     case EClear:
         clear();
         return {};
-    case ERaise: {
-        if (args.empty() || args.size() > 5)
-            raise(ErrorCode::WrongArgumentCount);
-        const int32_t n = args[0]->toLong();
-        if (n == 0 || n > 65535 || n < -2147483647)
-            raise(ErrorCode::InvalidProcedureCall);
-        const bool hasSource = args.size() > 1 && !args[1]->isMissing();
-        const bool hasDesc = args.size() > 2 && !args[2]->isMissing();
-        ScriptError e(n, hasDesc ? args[2]->toString() : errorMessage(n),
-            hasSource ? args[1]->toString() : defaultErrorSource(n));
-        throw e;
-    }
+    case ERaise:
+        raiseFrom(args);
     default:
         raise(ErrorCode::NoSuchMember);
     }
+}
+
+// Err.Raise number[, source, description, helpfile, helpcontext]: what is left out keeps the
+// Err object's current value (a Raise right after a handled error repeats its description), or
+// the standard text when that is empty.
+void ErrObject::raiseFrom(std::span<Value*> args)
+{
+    if (args.empty() || args.size() > 5)
+        raise(ErrorCode::WrongArgumentCount);
+    const int32_t n = args[0]->toLong();
+    if (n == 0 || n > 65535 || n < -2147483647)
+        raise(ErrorCode::InvalidProcedureCall);
+    auto given = [&](size_t i) { return args.size() > i && !args[i]->isMissing(); };
+    const int32_t mapped = errorFromHresult(n);
+    String src = given(1) ? args[1]->toString() : source;
+    String desc = given(2) ? args[2]->toString() : description;
+    ScriptError e(mapped, desc.empty() ? errorMessage(mapped) : desc,
+        src.empty() ? defaultErrorSource(mapped) : src);
+    e.helpFile = given(3) ? args[3]->toString() : helpFile;
+    e.helpContext = given(4) ? args[4]->toLong() : helpContext;
+    throw e;
 }
 
 ProcedureRef::ProcedureRef(Engine& engine, Procedure* proc, std::shared_ptr<Program> program)
@@ -173,6 +192,47 @@ Value ProcedureRef::invoke(int memberId, InvokeKind, std::span<Value*> args)
     if (!*m_engineAlive)
         raise(ErrorCode::ObjectRequired);
     return m_engine.callProcedure(m_proc, nullptr, args);
+}
+
+GlobalScope::GlobalScope(Engine& engine) : m_engine(engine), m_engineAlive(engine.m_alive)
+{
+}
+
+int GlobalScope::memberId(std::u16string_view name) const
+{
+    if (!*m_engineAlive)
+        return -1;
+    const int slot = m_engine.findGlobal(name);
+    if (slot < 0)
+        return -1;
+    using Kind = GlobalSlot::Kind;
+    switch (m_engine.global(slot).kind) {
+    case Kind::Variable: case Kind::Const: case Kind::Procedure: case Kind::Builtin: case Kind::Object:
+        return slot;
+    default:
+        return -1;
+    }
+}
+
+Value GlobalScope::invoke(int memberId, InvokeKind kind, std::span<Value*> args)
+{
+    if (!*m_engineAlive)
+        raise(ErrorCode::ObjectRequired);
+    GlobalSlot& g = m_engine.global(memberId);
+    using Kind = GlobalSlot::Kind;
+    if (g.kind == Kind::Procedure) {
+        std::shared_ptr<Program> keep = g.program;
+        return m_engine.callProcedure(g.proc, nullptr, args);
+    }
+    if (g.kind == Kind::Builtin)
+        return m_engine.callBuiltin(g.builtin, args);
+    if (kind == InvokeKind::PropertyLet || kind == InvokeKind::PropertySet) {
+        if (g.kind != Kind::Variable || args.size() != 1)
+            raise(ErrorCode::IllegalAssignment);
+        g.value = *args.back();
+        return {};
+    }
+    return m_engine.indexValue(g.value, args, false);
 }
 
 } // namespace vbs

@@ -42,6 +42,7 @@ public:
     int defaultMemberId() const override { return 0; }
     void clear();
     void set(const ScriptError& e);
+    [[noreturn]] void raiseFrom(std::span<Value*> args);
 
     int32_t number = 0;
     String description;
@@ -66,6 +67,23 @@ private:
     std::shared_ptr<Program> m_program;
 };
 
+// Me outside a class: the script's global scope, whose members are its global variables,
+// procedures and functions.
+class GlobalScope : public Dispatch {
+public:
+    explicit GlobalScope(Engine& engine);
+    int memberId(std::u16string_view name) const override;
+    Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
+
+private:
+    Engine& m_engine;
+    std::shared_ptr<bool> m_engineAlive;
+};
+
 String defaultErrorSource(int32_t number, bool compileTime = false);
+
+// Whether the engine made the object (a script class instance, Err, a GetRef reference) rather
+// than a host or library.
+bool isEngineObject(const Object* object);
 
 } // namespace vbs

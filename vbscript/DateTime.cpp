@@ -1,9 +1,9 @@
-// Calendar arithmetic, date text (en-US) and date parsing.
+// Calendar arithmetic, date text and date reading in the active locale.
 #include "DateTime.h"
+#include "Locale.h"
 #include "Value.h"
 
 #include <cmath>
-#include <cstdio>
 #include <ctime>
 #include <vector>
 
@@ -36,9 +36,6 @@ void civilFromDays(int64_t z, int& y, int& m, int& d)
 }
 
 const int64_t kOleEpoch = -25569; // 1899-12-30 in days since 1970-01-01
-
-const char* const kMonths[12] = {"january", "february", "march", "april", "may", "june", "july",
-    "august", "september", "october", "november", "december"};
 
 } // namespace
 
@@ -87,28 +84,7 @@ DateParts splitOleDate(double oleDate)
 
 String Value::formatDate(double oleDate)
 {
-    const DateParts p = splitOleDate(oleDate);
-    const double days = std::trunc(oleDate);
-    const bool hasTime = std::fabs(oleDate - days) * 86400.0 >= 0.5;
-    char buf[64];
-    std::string out;
-    if (days != 0 || !hasTime) {
-        if (days != 0 || oleDate == 0) {
-            std::snprintf(buf, sizeof buf, "%d/%d/%d", p.month, p.day, p.year);
-            out = buf;
-        }
-    }
-    if (hasTime || (days == 0 && oleDate == 0)) {
-        const int h12 = p.hour % 12 == 0 ? 12 : p.hour % 12;
-        std::snprintf(buf, sizeof buf, "%d:%02d:%02d %s", h12, p.minute, p.second,
-            p.hour < 12 ? "AM" : "PM");
-        if (days == 0 && oleDate == 0)
-            out.clear();
-        if (!out.empty())
-            out += ' ';
-        out += buf;
-    }
-    return fromAscii(out);
+    return formatGeneralDate(oleDate, activeLocale());
 }
 
 namespace {
@@ -119,31 +95,74 @@ struct DateToken {
     int digits = 0; // how a number was written: 1- and 2-digit years are windowed
 };
 
-const char* const kWeekdays[7] = {"sunday", "monday", "tuesday", "wednesday", "thursday", "friday",
-    "saturday"};
+enum class DateOrder { MonthDayYear, DayMonthYear, YearMonthDay };
 
-bool isWeekdayName(const std::string& word)
+// The order of day, month and year in the locale's short date picture.
+DateOrder dateOrder(const Locale& locale)
 {
-    for (const char* name : kWeekdays)
-        if (word.size() >= 3 && std::string(name).compare(0, word.size(), word) == 0)
-            return true;
+    for (char16_t c : locale.shortDate) {
+        if (c == u'M') return DateOrder::MonthDayYear;
+        if (c == u'd') return DateOrder::DayMonthYear;
+        if (c == u'y') return DateOrder::YearMonthDay;
+    }
+    return DateOrder::MonthDayYear;
+}
+
+bool isLetter(char16_t c)
+{
+    return ((c | 0x20) >= 'a' && (c | 0x20) <= 'z') || (c >= 0xC0 && c != 0xD7 && c != 0xF7);
+}
+
+// A word names something when it is the name itself or, three letters or more, its start.
+bool namesIt(const String& word, std::u16string_view name)
+{
+    const String folded = foldCase(name);
+    if (word == folded)
+        return true;
+    return word.size() >= 3 && folded.size() >= word.size() && folded.compare(0, word.size(), word) == 0;
+}
+
+// 1..12 for a month name in English or in the locale's language, else 0.
+int monthOf(const String& word, const Locale& locale)
+{
+    for (const Locale* l : {&englishUs(), &locale})
+        for (int m = 0; m < 12; ++m)
+            if (namesIt(word, l->months[size_t(m)]) || namesIt(word, l->monthsShort[size_t(m)]))
+                return m + 1;
+    return 0;
+}
+
+bool isDayName(const String& word, const Locale& locale)
+{
+    for (const Locale* l : {&englishUs(), &locale})
+        for (int d = 0; d < 7; ++d)
+            if (namesIt(word, l->days[size_t(d)]) || namesIt(word, l->daysShort[size_t(d)]))
+                return true;
     return false;
 }
 
-int currentYear()
+// 0 for AM, 1 for PM, -1 for neither.
+int amPmOf(const String& word, const Locale& locale)
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local.tm_year + 1900;
+    if (word == u"am" || word == u"a" || (!locale.am.empty() && word == foldCase(locale.am)))
+        return 0;
+    if (word == u"pm" || word == u"p" || (!locale.pm.empty() && word == foldCase(locale.pm)))
+        return 1;
+    return -1;
 }
 
-bool tokenizeDate(std::u16string_view t, std::vector<DateToken>& out)
+// The Japanese date marks for year, month and day separate the numbers.
+bool isDateMark(char16_t c)
+{
+    return c == u'\u5E74' || c == u'\u6708' || c == u'\u65E5';
+}
+
+bool tokenizeDate(std::u16string_view t, const Locale& locale, std::vector<DateToken>& out)
 {
     size_t i = 0;
     while (i < t.size()) {
         const char16_t c = t[i];
-        if (c == ' ' || c == '\t' || c == ',') { ++i; continue; }
+        if (c == ' ' || c == '\t' || c == ',' || c == 0xA0) { ++i; continue; }
         if (c >= '0' && c <= '9') {
             int v = 0;
             size_t n = 0;
@@ -152,29 +171,25 @@ bool tokenizeDate(std::u16string_view t, std::vector<DateToken>& out)
                 ++i; ++n;
             }
             out.push_back({DateToken::Number, v, int(n)});
-        } else if (c == '/' || c == '-' || c == '.') {
+        } else if (c == '/' || c == '-' || c == '.' || isDateMark(c)) {
             out.push_back({DateToken::Sep, 0}); ++i;
         } else if (c == ':') {
             out.push_back({DateToken::Colon, 0}); ++i;
-        } else if ((c | 0x20) >= 'a' && (c | 0x20) <= 'z') {
-            std::string word;
-            while (i < t.size() && t[i] < 0x80 && ((t[i] | 0x20) >= 'a' && (t[i] | 0x20) <= 'z'))
-                word.push_back(char(t[i++] | 0x20));
-            if (word == "am" || word == "pm" || word == "a" || word == "p") {
-                out.push_back({DateToken::AmPm, word[0] == 'p' ? 1 : 0});
+        } else if (isLetter(c) || c >= 0x3000) {
+            const size_t start = i;
+            while (i < t.size() && (isLetter(t[i]) || (t[i] >= 0x3000 && !isDateMark(t[i]))))
+                ++i;
+            const String word = foldCase(t.substr(start, i - start));
+            if (const int ampm = amPmOf(word, locale); ampm >= 0) {
+                out.push_back({DateToken::AmPm, ampm});
                 continue;
             }
-            if (isWeekdayName(word))
-                continue; // "Thursday, January 2, 2003": the weekday adds nothing
-            int month = 0;
-            for (int m = 0; m < 12 && !month; ++m) {
-                const std::string name = kMonths[m];
-                if (word.size() >= 3 && name.compare(0, word.size(), word) == 0)
-                    month = m + 1;
+            if (const int month = monthOf(word, locale)) {
+                out.push_back({DateToken::Month, month});
+                continue;
             }
-            if (!month)
+            if (!isDayName(word, locale)) // "Thursday, January 2, 2003": the weekday adds nothing
                 return false;
-            out.push_back({DateToken::Month, month});
         } else {
             return false;
         }
@@ -197,21 +212,70 @@ int fullYear(const DateToken& t)
     return t.value < 30 ? 2000 + t.value : 1900 + t.value;
 }
 
-} // namespace
-
-bool Value::parseDate(std::u16string_view text, double& out)
+int currentYear()
 {
-    std::vector<DateToken> toks;
-    if (!tokenizeDate(text, toks) || toks.empty())
-        return false;
-    // Split off the time: "h:m[:s] [AM|PM]" or "h AM".
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local.tm_year + 1900;
+}
+
+// Day, month and year from numbers only, in the locale's order; a first number of more than two
+// digits is a year, and a date that cannot be read in that order is tried the other way round.
+bool numericDate(const std::vector<DateToken>& nums, DateOrder order, int& y, int& m, int& d)
+{
+    if (nums.size() == 3) {
+        if (nums[0].digits > 2 || (order == DateOrder::YearMonthDay && nums[2].digits <= 2)) {
+            y = fullYear(nums[0]); m = nums[1].value; d = nums[2].value;
+            return true;
+        }
+        // The year comes last: month and day in the locale's order (month first when its own
+        // order puts the year first).
+        y = fullYear(nums[2]);
+        m = nums[0].value; d = nums[1].value;
+        if (order == DateOrder::DayMonthYear)
+            std::swap(m, d);
+        if (!validDay(y, m, d) && validDay(y, d, m))
+            std::swap(m, d);
+        return true;
+    }
+    if (nums.size() == 2) {
+        // "1/2": month and day of this year; "1/2026": the first of that month
+        if (nums[1].digits > 2) { m = nums[0].value; d = 1; y = nums[1].value; return true; }
+        m = nums[0].value; d = nums[1].value; y = currentYear();
+        if (order == DateOrder::DayMonthYear)
+            std::swap(m, d);
+        return true;
+    }
+    return false;
+}
+
+// Day and year around a month name: "January 2, 2026", "2 Jan 2026", "2026 Jan 2", "March 2003"
+// (the first of the month), "Dec 25" (a day of this year).
+bool namedMonthDate(const std::vector<DateToken>& nums, int& y, int& d)
+{
+    if (nums.size() == 2) {
+        if (nums[0].digits > 2) { y = nums[0].value; d = nums[1].value; }
+        else { d = nums[0].value; y = fullYear(nums[1]); }
+        return true;
+    }
+    if (nums.size() == 1) {
+        if (nums[0].digits > 2 || nums[0].value > 31) { y = fullYear(nums[0]); d = 1; }
+        else { d = nums[0].value; y = currentYear(); }
+        return true;
+    }
+    return false;
+}
+
+// Splits off the time, "h:m[:s] [AM|PM]" or "h AM", as a fraction of a day; false when malformed.
+bool takeTime(const std::vector<DateToken>& toks, std::vector<DateToken>& dateToks, bool& hasTime,
+    double& timePart)
+{
     std::vector<int> timeNums;
     int ampm = -1;
-    std::vector<DateToken> dateToks;
     for (size_t i = 0; i < toks.size(); ++i) {
-        const bool startsTime = toks[i].kind == DateToken::Number
-            && ((i + 1 < toks.size() && toks[i + 1].kind == DateToken::Colon)
-                || (i + 1 < toks.size() && toks[i + 1].kind == DateToken::AmPm));
+        const bool startsTime = toks[i].kind == DateToken::Number && i + 1 < toks.size()
+            && (toks[i + 1].kind == DateToken::Colon || toks[i + 1].kind == DateToken::AmPm);
         if (startsTime && timeNums.empty()) {
             timeNums.push_back(toks[i].value);
             while (i + 2 < toks.size() && toks[i + 1].kind == DateToken::Colon
@@ -225,22 +289,48 @@ bool Value::parseDate(std::u16string_view text, double& out)
                 return false;
             continue;
         }
+        if (toks[i].kind == DateToken::AmPm && timeNums.empty() && i + 1 < toks.size()
+            && toks[i + 1].kind == DateToken::Number) {
+            ampm = toks[i].value; // a designator written first (Japanese)
+            continue;
+        }
         if (toks[i].kind == DateToken::AmPm || toks[i].kind == DateToken::Colon)
             return false;
         dateToks.push_back(toks[i]);
     }
-    double timePart = 0;
-    if (!timeNums.empty()) {
-        int h = timeNums[0];
-        const int mi = timeNums.size() > 1 ? timeNums[1] : 0;
-        const int s = timeNums.size() > 2 ? timeNums[2] : 0;
-        if (ampm >= 0) {
-            if (h < 1 || h > 12) return false;
-            h = h % 12 + (ampm ? 12 : 0);
-        }
-        if (h > 23 || mi > 59 || s > 59) return false;
-        timePart = makeOleTime(h, mi, s);
+    hasTime = !timeNums.empty();
+    timePart = 0;
+    if (!hasTime)
+        return true;
+    int h = timeNums[0];
+    const int mi = timeNums.size() > 1 ? timeNums[1] : 0;
+    const int s = timeNums.size() > 2 ? timeNums[2] : 0;
+    if (ampm >= 0) {
+        if (h < 1 || h > 12) return false;
+        h = h % 12 + (ampm ? 12 : 0);
     }
+    if (h > 23 || mi > 59 || s > 59) return false;
+    timePart = makeOleTime(h, mi, s);
+    return true;
+}
+
+} // namespace
+
+bool Value::parseDate(std::u16string_view text, double& out)
+{
+    return parseDate(text, out, activeLocale());
+}
+
+bool Value::parseDate(std::u16string_view text, double& out, const Locale& locale)
+{
+    std::vector<DateToken> toks;
+    if (!tokenizeDate(text, locale, toks) || toks.empty())
+        return false;
+    std::vector<DateToken> dateToks;
+    bool hasTime = false;
+    double timePart = 0;
+    if (!takeTime(toks, dateToks, hasTime, timePart))
+        return false;
     std::vector<DateToken> nums;
     int month = 0;
     for (const auto& t : dateToks) {
@@ -248,38 +338,13 @@ bool Value::parseDate(std::u16string_view text, double& out)
         else if (t.kind == DateToken::Month) { if (month) return false; month = t.value; }
     }
     if (dateToks.empty()) {
-        if (timeNums.empty()) return false;
+        if (!hasTime) return false;
         out = timePart;
         return true;
     }
-    int y, m, d;
-    if (month) {
-        m = month;
-        if (nums.size() == 2) {
-            // "January 2, 2026", "2 Jan 2026", "2026 Jan 2"
-            if (nums[0].digits > 2) { y = nums[0].value; d = nums[1].value; }
-            else { d = nums[0].value; y = fullYear(nums[1]); }
-        } else if (nums.size() == 1) {
-            // "March 2003" (a year: the first of the month) or "Dec 25" (a day of this year)
-            if (nums[0].digits > 2 || nums[0].value > 31) { y = fullYear(nums[0]); d = 1; }
-            else { d = nums[0].value; y = currentYear(); }
-        } else {
-            return false;
-        }
-    } else if (nums.size() == 3) {
-        if (nums[0].digits > 2) { y = nums[0].value; m = nums[1].value; d = nums[2].value; } // y-m-d
-        else {
-            m = nums[0].value; d = nums[1].value; y = fullYear(nums[2]);                     // m/d/y
-            if (!validDay(y, m, d) && validDay(y, d, m)) std::swap(m, d);                    // d/m/y
-        }
-    } else if (nums.size() == 2) {
-        // "1/2": month and day of this year; "1/2026": the first of that month
-        if (nums[1].digits > 2) { m = nums[0].value; d = 1; y = nums[1].value; }
-        else { m = nums[0].value; d = nums[1].value; y = currentYear(); }
-    } else {
-        return false;
-    }
-    if (!validDay(y, m, d) || y > 9999 || y < 100)
+    int y, m = month, d;
+    const bool read = month ? namedMonthDate(nums, y, d) : numericDate(nums, dateOrder(locale), y, m, d);
+    if (!read || !validDay(y, m, d) || y > 9999 || y < 100)
         return false;
     out = combineOleDateTime(makeOleDate(y, m, d), timePart);
     return true;

@@ -41,6 +41,7 @@ void registerCoreBuiltins(Engine& engine);
 Engine::Engine(ScriptControl& control)
     : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>())
 {
+    m_globalScope = makeRef<GlobalScope>(*this); // after m_alive, which it shares
     m_stack.reset(new Value[kValueStackSize]);
     m_stackSize = kValueStackSize;
     m_refStack.reset(new Value*[kRefStackSize]);
@@ -119,8 +120,25 @@ bool Engine::globalMember(const String& name, InvokeKind kind, std::span<Value*>
     return false;
 }
 
+void Engine::setLocale(const Locale& locale)
+{
+    m_locale = &locale;
+    LocaleScope::set(&locale);
+}
+
+const Locale& CallContext::locale() const
+{
+    return m_engine.locale();
+}
+
+void CallContext::setLocale(const Locale& locale) const
+{
+    m_engine.setLocale(locale);
+}
+
 void Engine::reset()
 {
+    m_locale = &englishUs();
     m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();
     m_globalIndex.clear();
@@ -264,8 +282,44 @@ void Engine::checkStack()
         raise(ErrorCode::OutOfStackSpace);
 }
 
-Engine::Entry::Entry(Engine& e) : m_engine(e)
+namespace {
+thread_local Engine* t_running = nullptr;
+} // namespace
+
+Engine* Engine::running()
 {
+    return t_running;
+}
+
+Engine::Entry::~Entry()
+{
+    --m_engine.m_entryDepth;
+    t_running = m_outer;
+}
+
+bool Engine::locateRunning(ScriptError& e)
+{
+    if (!m_frame || !m_frame->stmt)
+        return false;
+    // As the statement loop places an error that leaves the running operation.
+    const Stmt* s = m_frame->stmt;
+    const Expr* n = m_frame->node;
+    if (n && n->line >= s->line)
+        locate(e, n->line, n->column, s);
+    else
+        locate(e, s->line, s->column);
+    return true;
+}
+
+bool locateAtRunningStatement(ScriptError& e)
+{
+    Engine* engine = Engine::running();
+    return engine && engine->locateRunning(e);
+}
+
+Engine::Entry::Entry(Engine& e) : m_engine(e), m_outer(t_running), m_locale(e.m_locale)
+{
+    t_running = &e;
     if (e.m_entryDepth++ == 0) {
         e.m_steps = 0;
         char here;

@@ -4,6 +4,7 @@
 #include "Ast.h"
 #include "Builtins.h"
 #include "Host.h"
+#include "Locale.h"
 #include "ScriptControl.h"
 
 #include <memory>
@@ -67,6 +68,7 @@ struct Frame {
     Value** refs = nullptr;
     ClassInstance* me = nullptr;
     const Expr* node = nullptr; // the operation being run, for the error location
+    const Stmt* stmt = nullptr; // the statement being run
     bool resumeNext = false;
     int chunk = 0;
 };
@@ -109,6 +111,8 @@ public:
     }
 
     Host& host() const { return *m_host; }
+    const Locale& locale() const { return *m_locale; }
+    void setLocale(const Locale& locale);
     void setHost(Host* host) { m_host = host ? host : &defaultHost(); }
     RandomState& random() { return m_random; }
     ErrObject& err() { return *m_err; }
@@ -119,21 +123,28 @@ public:
     Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
     void runTerminate(ClassInstance* instance) noexcept;
     // Arrays and default members, shared with ClassInstance.
-    Value indexValue(const Value& v, std::span<Value*> args, bool statement);
+    Value indexValue(const Value& v, std::span<Value*> args, bool statement, bool parens = false);
     Value* elementRef(Value& array, std::span<Value*> indices);
     static size_t flatIndex(const ArrayRep* rep, std::span<Value*> indices);
     // For error locations: the chunk of the running code.
     int currentChunk() const { return m_frame ? m_frame->chunk : 0; }
+    // Places e where an error raised now would be placed; false outside a statement.
+    bool locateRunning(ScriptError& e);
+    // The engine running a script on this thread, if any.
+    static Engine* running();
 
 private:
     friend class ClassInstance;
+    friend class GlobalScope;
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);
-        ~Entry() { --m_engine.m_entryDepth; }
+        ~Entry();
         Entry(const Entry&) = delete;
         Entry& operator=(const Entry&) = delete;
         Engine& m_engine;
+        Engine* m_outer;      // the engine running on this thread before this entry
+        LocaleScope m_locale; // conversions follow this engine's locale while it runs
     };
     // Makes frame the running one until the end of the scope, then the one before it again.
     struct FrameScope {
@@ -156,11 +167,21 @@ private:
     // Statements.
     Flow execBlock(const Block& block);
     Flow exec(const Stmt* s);
+    [[gnu::noinline]] void statementFailed(const Stmt* s);
+    enum class Cond : uint8_t { False, True, Failed };
+    template <class Fn>
+    bool runHead(Fn&& fn);
+    Cond headCondition(const Expr* e);
+    Flow runOnce(const Block& body);
+    Flow execIf(const IfStmt* s);
     Flow execFor(const ForStmt* s);
+    Flow execIntegerFor(const ForStmt* s, const Value& from, const Value& to, const Value& step);
     Flow execForEach(const ForEachStmt* s);
     Flow execDo(const DoStmt* s);
     Flow execSelect(const SelectStmt* s);
+    Flow execWith(const WithStmt* s);
     void execAssign(const AssignStmt* s);
+    [[gnu::noinline]] void appendToTarget(const AssignStmt* s);
     void execMidAssign(const AssignStmt* s);
     bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
     // The array held by a plain local or global variable, or nullptr.
@@ -196,9 +217,9 @@ private:
         return nullptr;
     }
     bool evalCondition(const Expr* e);
-    bool ifCondition(const Expr* e);
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
+    [[gnu::noinline]] Value callOther(const CallExpr* c, bool statement);
     Value evalMember(const MemberExpr* e, std::span<Value*> args, bool statement);
     Value evalNew(const NewExpr* e);
     Value callGlobal(GlobalSlot& g, const CallExpr* call, bool statement);
@@ -206,9 +227,12 @@ private:
     Value callMeMember(int member, std::span<Value*> args, bool statement);
     // The id of a member of d as the running code sees it; 438 naming it when there is none.
     int visibleMemberId(Dispatch* d, const String& name);
+    Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
+    Value* implicitLocal(const NameExpr* n);
     void assignTo(const Expr* target, Value value, bool isSet);
+    static bool letsThroughDefault(const Value& var);
     Value& withObject(const WithExpr* e);
 
     struct ArgList;
@@ -219,6 +243,8 @@ private:
     Host* m_host;
     RandomState m_random;
     Ref<ErrObject> m_err;
+    Ref<Dispatch> m_globalScope; // Me outside classes
+    const Locale* m_locale = &englishUs();
     GlobalTable m_globals;
     std::unordered_map<String, int> m_globalIndex;
     std::vector<const BuiltinDef*> m_builtins; // re-registered after reset

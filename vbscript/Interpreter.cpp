@@ -80,6 +80,8 @@ Value Engine::eval(const Expr* e)
     case ExprKind::MeMember:
         return callMeMember(static_cast<const NameExpr*>(e)->slot, {}, false);
     case ExprKind::Me:
+        if (!m_frame->me)
+            return Value(m_globalScope);
         return Value(Ref<Object>(m_frame->me));
     case ExprKind::WithObject:
         return withObject(static_cast<const WithExpr*>(e));
@@ -235,7 +237,7 @@ Value Engine::evalName(const NameExpr* e)
         if (!m_memberObjects.empty() && globalMember(e->name, InvokeKind::PropertyGet, {}, member))
             return member;
         if (e->kind == ExprKind::Implicit)
-            return m_frame->vars[e->localSlot];
+            return *implicitLocal(e);
         if (m_frame->proc && m_frame->proc->optionExplicit)
             raiseNamed(ErrorCode::VariableUndefined, e->name);
         return {};
@@ -276,7 +278,7 @@ Value* Engine::variableRef(const Expr* e, RefMode mode)
             return &g.value;
         case Kind::Undeclared:
             if (e->kind == ExprKind::Implicit)
-                return &m_frame->vars[n->localSlot];
+                return implicitLocal(n);
             if (m_frame->proc && m_frame->proc->optionExplicit)
                 raiseNamed(ErrorCode::VariableUndefined, n->name);
             g.kind = Kind::Variable;
@@ -290,6 +292,16 @@ Value* Engine::variableRef(const Expr* e, RefMode mode)
     default:
         return nullptr;
     }
+}
+
+// The local an undeclared name of a procedure stands for when no global of that name exists.
+// Under Option Explicit only a name that code Execute'd in the procedure declared has one.
+Value* Engine::implicitLocal(const NameExpr* n)
+{
+    const Procedure* proc = m_frame->proc;
+    if (proc->optionExplicit && !proc->execLocals.count(foldCase(n->name)))
+        raiseNamed(ErrorCode::VariableUndefined, n->name);
+    return &m_frame->vars[n->localSlot];
 }
 
 Value Engine::evalNew(const NewExpr* e)
@@ -334,15 +346,21 @@ Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool state
 {
     const Value obj = eval(e->object.get());
     m_frame->node = e;
-    if (!obj.isObject())
+    Dispatch* d = memberObject(obj, e);
+    const int id = visibleMemberId(d, e->name);
+    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+}
+
+// The object whose member e names. Nothing has no members: 424, as for a non-object (91 is
+// for using Nothing as a value).
+Dispatch* Engine::memberObject(const Value& obj, const MemberExpr* e)
+{
+    if (!obj.isObject() || !obj.object())
         raiseNamed(ErrorCode::ObjectRequired, nameOf(e->object.get()));
-    if (!obj.object())
-        raiseNamed(ErrorCode::ObjectVariableNotSet, nameOf(e->object.get()));
     Dispatch* d = obj.object()->asDispatch();
     if (!d)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
-    const int id = visibleMemberId(d, e->name);
-    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
+    return d;
 }
 
 int Engine::visibleMemberId(Dispatch* d, const String& name)

@@ -130,16 +130,24 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
             return arr->array()->items[size_t(i)];
         }
     }
+    if (t->kind == ExprKind::Global)
+        return callGlobal(global(static_cast<const NameExpr*>(t)->slot), c, statement);
+    return callOther(c, statement);
+}
+
+// evalCall for anything but a global name, apart so that recursion through global procedures
+// keeps a small native frame.
+Value Engine::callOther(const CallExpr* c, bool statement)
+{
+    const Expr* t = c->target.get();
     ArgList args;
     switch (t->kind) {
-    case ExprKind::Global:
-        return callGlobal(global(static_cast<const NameExpr*>(t)->slot), c, statement);
     case ExprKind::Implicit: {
         GlobalSlot& g = global(static_cast<const NameExpr*>(t)->slot);
         if (g.kind != GlobalSlot::Kind::Undeclared || (!m_memberObjects.empty() && c->args.size() + statement > 0))
             return callGlobal(g, c, statement);
         evalArgs(c->args, c, args);
-        return indexValue(m_frame->vars[static_cast<const NameExpr*>(t)->localSlot], args.span(), statement);
+        return indexValue(*implicitLocal(static_cast<const NameExpr*>(t)), args.span(), statement, c->parens);
     }
     case ExprKind::MeMember:
         evalArgs(c->args, c, args);
@@ -150,12 +158,12 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: {
         Value* v = variableRef(t, RefMode::Arg);
         evalArgs(c->args, c, args);
-        return indexValue(*v, args.span(), statement);
+        return indexValue(*v, args.span(), statement, c->parens);
     }
     default: {
         const Value v = eval(t);
         evalArgs(c->args, c, args);
-        return indexValue(v, args.span(), statement);
+        return indexValue(v, args.span(), statement, c->parens);
     }
     }
 }
@@ -176,7 +184,7 @@ Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
         return callBuiltin(g.builtin, args.span());
     case Kind::Variable: case Kind::Const: case Kind::Object: {
         evalArgs(c->args, c, args);
-        return indexValue(g.value, args.span(), statement);
+        return indexValue(g.value, args.span(), statement, c->parens);
     }
     case Kind::Undeclared: {
         if (!m_memberObjects.empty()) {
@@ -237,7 +245,9 @@ Value* Engine::elementRef(Value& array, std::span<Value*> indices)
     return &array.mutableArray()->items[i];
 }
 
-Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement)
+// v(args). An object with no arguments is itself unless written with parentheses (o() calls its
+// default member) or called as a statement.
+Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement, bool parens)
 {
     if (v.isArray()) {
         if (args.empty())
@@ -245,7 +255,7 @@ Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement)
         return v.array()->items[flatIndex(v.array(), args)];
     }
     if (v.isObject()) {
-        if (args.empty() && !statement)
+        if (args.empty() && !statement && !parens)
             return v;
         Dispatch* d = v.toDispatch();
         const int id = d->defaultMemberId();
@@ -311,6 +321,17 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
     return {};
 }
 
+// Plain assignment replaces what a variable holds, whatever it holds, except for a host object
+// with a default property, which takes the value. Script class instances never take it (their
+// Default can only be a Property Get), nor do the engine's own Err and GetRef objects.
+bool Engine::letsThroughDefault(const Value& var)
+{
+    if (!var.isObject() || var.isNothing() || isEngineObject(var.object()))
+        return false;
+    const Dispatch* d = var.object()->asDispatch();
+    return d && d->defaultMemberId() >= 0;
+}
+
 void Engine::assignTo(const Expr* target, Value value, bool isSet)
 {
     if (isSet) {
@@ -324,12 +345,11 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: case ExprKind::Global:
     case ExprKind::Implicit: {
         Value* var = variableRef(target, RefMode::Write);
-        if (!isSet && var->isObject() && !var->isNothing()) {
-            // A variable holding an object keeps it: the value goes to its default property.
+        if (!isSet && letsThroughDefault(*var)) {
+            // A variable holding a host object with a default property keeps the object: the
+            // value goes to that property.
             Dispatch* d = var->toDispatch();
             const int id = d->defaultMemberId();
-            if (id < 0)
-                raise(ErrorCode::NoSuchMember);
             Value* args[] = {&value};
             m_frame->node = target;
             const Value keep = *var; // the Let may reassign the variable
@@ -348,7 +368,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
     case ExprKind::Member: {
         const auto* m = static_cast<const MemberExpr*>(target);
         const Value obj = eval(m->object.get());
-        Dispatch* d = obj.toDispatch();
+        Dispatch* d = memberObject(obj, m);
         const int id = visibleMemberId(d, m->name);
         Value* args[] = {&value};
         m_frame->node = target;
@@ -391,7 +411,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
     if (t->kind == ExprKind::Member) {
         const auto* m = static_cast<const MemberExpr*>(t);
         const Value obj = eval(m->object.get());
-        Dispatch* d = obj.toDispatch();
+        Dispatch* d = memberObject(obj, m);
         const int id = visibleMemberId(d, m->name);
         d->invoke(id, kind, all);
         return;

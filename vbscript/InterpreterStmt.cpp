@@ -1,4 +1,4 @@
-// Interpreter: statements, loops and On Error Resume Next.
+// Interpreter: statements, assignments, Dim and On Error Resume Next.
 #include "Engine.h"
 
 #include "ClassInstance.h"
@@ -18,39 +18,52 @@ Flow Engine::execBlock(const Block& block)
     for (const auto& sp : block) {
         const Stmt* s = sp.get();
         m_frame->node = nullptr;
+        m_frame->stmt = s;
         tick();
         try {
             const Flow f = exec(s);
             if (f != Flow::Normal)
                 return f;
-        } catch (ScriptError& e) {
-            if (!e.located()) {
-                // The operation that failed when it is known, else the statement.
-                const Expr* n = m_frame->node;
-                if (n && n->line >= s->line)
-                    locate(e, n->line, n->column, s);
-                else
-                    locate(e, s->line, s->column);
-            }
-            if (!m_frame->resumeNext)
-                throw;
-            noteError(e);
-        } catch (const std::bad_alloc&) {
-            ScriptError e(ErrorCode::OutOfMemory);
-            locate(e, s->line, s->column);
-            if (!m_frame->resumeNext)
-                throw e;
-            noteError(e);
-        } catch (const std::exception& ex) {
-            // A host object that failed with a C++ exception: an automation error with its text.
-            ScriptError e(int32_t(ErrorCode::AutomationError), fromUtf8(ex.what()));
-            locate(e, s->line, s->column);
-            if (!m_frame->resumeNext)
-                throw e;
-            noteError(e);
+        } catch (...) {
+            statementFailed(s);
         }
     }
     return Flow::Normal;
+}
+
+// Called inside the handler of a statement's exception: locates it, then rethrows it unless
+// On Error Resume Next is on. Kept out of execBlock so that recursion through it stays cheap on
+// the native stack.
+void Engine::statementFailed(const Stmt* s)
+{
+    try {
+        throw;
+    } catch (ScriptError& e) {
+        if (!e.located()) {
+            // The operation that failed when it is known, else the statement.
+            const Expr* n = m_frame->node;
+            if (n && n->line >= s->line)
+                locate(e, n->line, n->column, s);
+            else
+                locate(e, s->line, s->column);
+        }
+        if (!m_frame->resumeNext)
+            throw;
+        noteError(e);
+    } catch (const std::bad_alloc&) {
+        ScriptError e(ErrorCode::OutOfMemory);
+        locate(e, s->line, s->column);
+        if (!m_frame->resumeNext)
+            throw e;
+        noteError(e);
+    } catch (const std::exception& ex) {
+        // A host object that failed with a C++ exception: an automation error with its text.
+        ScriptError e(int32_t(ErrorCode::AutomationError), fromUtf8(ex.what()));
+        locate(e, s->line, s->column);
+        if (!m_frame->resumeNext)
+            throw e;
+        noteError(e);
+    }
 }
 
 Flow Engine::exec(const Stmt* s)
@@ -62,13 +75,8 @@ Flow Engine::exec(const Stmt* s)
     case StmtKind::Assign:
         execAssign(static_cast<const AssignStmt*>(s));
         return Flow::Normal;
-    case StmtKind::If: {
-        const auto* st = static_cast<const IfStmt*>(s);
-        for (const auto& arm : st->arms)
-            if (ifCondition(arm.condition.get()))
-                return execBlock(arm.body);
-        return execBlock(st->elseBody);
-    }
+    case StmtKind::If:
+        return execIf(static_cast<const IfStmt*>(s));
     case StmtKind::For:
         return execFor(static_cast<const ForStmt*>(s));
     case StmtKind::ForEach:
@@ -77,19 +85,8 @@ Flow Engine::exec(const Stmt* s)
         return execDo(static_cast<const DoStmt*>(s));
     case StmtKind::Select:
         return execSelect(static_cast<const SelectStmt*>(s));
-    case StmtKind::With: {
-        const auto* w = static_cast<const WithStmt*>(s);
-        WithExpr where(0, 0);
-        where.slot = w->slot;
-        Value& slot = withObject(&where);
-        slot = eval(w->object.get());
-        struct Clear {
-            Engine& e;
-            WithExpr& where;
-            ~Clear() { e.withObject(&where).clear(); }
-        } clear{*this, where};
-        return execBlock(w->body);
-    }
+    case StmtKind::With:
+        return execWith(static_cast<const WithStmt*>(s));
     case StmtKind::Dim: case StmtKind::ReDim:
         execDim(static_cast<const DimStmt*>(s));
         return Flow::Normal;
@@ -143,17 +140,32 @@ void Engine::execMidAssign(const AssignStmt* s)
     *var = Value(std::move(text));
 }
 
-// Under On Error Resume Next a failing If condition goes on with the next statement, which is
-// the first one of its Then block.
-bool Engine::ifCondition(const Expr* e)
+// "s = s & x & y" appends in place when the variable holds the only reference. The pieces are
+// evaluated first, since they may read the variable too.
+void Engine::appendToTarget(const AssignStmt* s)
 {
-    if (!m_frame->resumeNext)
-        return evalCondition(e);
-    try {
-        return evalCondition(e);
-    } catch (ScriptError& err) {
-        noteError(err);
-        return true;
+    const Expr* t = s->target.get();
+    Value pieces[4];
+    const size_t n = s->appendPieces.size();
+    for (size_t i = 0; i < n; ++i)
+        pieces[i] = eval(s->appendPieces[i]);
+    Value* p = variableRef(s->target.get(), RefMode::Write);
+    if (letsThroughDefault(*p)) {
+        // A host object keeps its place: the text goes to its default property.
+        Value text = p->defaultValue();
+        for (size_t i = 0; i < n; ++i)
+            text = ops::concat(text, pieces[i]);
+        assignTo(t, std::move(text), false);
+        return;
+    }
+    for (size_t i = 0; i < n; ++i) {
+        const Value& rhs = pieces[i];
+        if (!p->isString())
+            *p = ops::concat(*p, rhs);
+        else if (rhs.isString())
+            ValueAccess::appendString(*p, rhs.str());
+        else if (!rhs.isNull())
+            ValueAccess::appendString(*p, rhs.toString());
     }
 }
 
@@ -168,30 +180,7 @@ void Engine::execAssign(const AssignStmt* s)
         return;
     }
     if (s->appendsToTarget && s->appendPieces.size() <= 4) {
-        // "s = s & x & y" appends in place when the variable holds the only reference. The
-        // pieces are evaluated first, since they may read the variable too.
-        Value pieces[4];
-        const size_t n = s->appendPieces.size();
-        for (size_t i = 0; i < n; ++i)
-            pieces[i] = eval(s->appendPieces[i]);
-        Value* p = variableRef(s->target.get(), RefMode::Write);
-        if (p->isObject()) {
-            // An object variable keeps its object: the text goes to its default property.
-            Value text = p->defaultValue();
-            for (size_t i = 0; i < n; ++i)
-                text = ops::concat(text, pieces[i]);
-            assignTo(t, std::move(text), false);
-            return;
-        }
-        for (size_t i = 0; i < n; ++i) {
-            const Value& rhs = pieces[i];
-            if (!p->isString())
-                *p = ops::concat(*p, rhs);
-            else if (rhs.isString())
-                ValueAccess::appendString(*p, rhs.str());
-            else if (!rhs.isNull())
-                ValueAccess::appendString(*p, rhs.toString());
-        }
+        appendToTarget(s);
         return;
     }
     if (!s->isSet && (t->kind == ExprKind::Local || t->kind == ExprKind::Global)) {
@@ -262,153 +251,17 @@ bool Engine::assignElementFast(const CallExpr* c, const Expr* valueExpr)
     return true;
 }
 
-Flow Engine::execFor(const ForStmt* s)
-{
-    const Value from = eval(s->from.get()).toNumber();
-    const Value to = eval(s->to.get()).toNumber();
-    const Value step = s->step ? eval(s->step.get()).toNumber() : Value(int16_t(1));
-    if (from.isNull() || to.isNull() || step.isNull())
-        raise(ErrorCode::InvalidUseOfNull);
-    auto isIntType = [](const Value& v) {
-        return v.type() == VarType::Integer || v.type() == VarType::Long || v.type() == VarType::Byte
-            || v.type() == VarType::Boolean || v.type() == VarType::Empty;
-    };
-    if (isIntType(from) && isIntType(to) && isIntType(step)) {
-        const bool useLong = from.type() == VarType::Long || to.type() == VarType::Long
-            || step.type() == VarType::Long;
-        int64_t i = from.toLong();
-        const int64_t end = to.toLong(), inc = step.toLong();
-        // The counter's storage does not move during the loop, except for an undeclared name
-        // that a new global may take over.
-        const bool fixedVar = s->var->kind != ExprKind::Implicit;
-        Value* var = variableRef(s->var.get(), RefMode::Write);
-        auto store = [&](int64_t v) {
-            if (!fixedVar)
-                var = variableRef(s->var.get(), RefMode::Write);
-            if (!useLong && v >= -32768 && v <= 32767)
-                *var = Value(int16_t(v));
-            else
-                *var = Value(int32_t(v));
-        };
-        store(i);
-        while (inc >= 0 ? i <= end : i >= end) {
-            tick();
-            const Flow f = execBlock(s->body);
-            if (f == Flow::ExitFor)
-                break;
-            if (f != Flow::Normal)
-                return f;
-            if (!fixedVar)
-                var = variableRef(s->var.get(), RefMode::Write);
-            const VarType vt = var->type();
-            i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
-            if (i > INT32_MAX || i < INT32_MIN)
-                raise(ErrorCode::Overflow);
-            store(i);
-        }
-        return Flow::Normal;
-    }
-    double i = from.toDouble();
-    const double end = to.toDouble(), inc = step.toDouble();
-    const bool single = from.type() == VarType::Single && to.type() != VarType::Double && step.type() != VarType::Double;
-    auto store = [&](double v) {
-        *variableRef(s->var.get(), RefMode::Write) = single ? Value(float(v)) : Value(v);
-    };
-    store(i);
-    while (inc >= 0 ? i <= end : i >= end) {
-        tick();
-        const Flow f = execBlock(s->body);
-        if (f == Flow::ExitFor)
-            break;
-        if (f != Flow::Normal)
-            return f;
-        i = variableRef(s->var.get(), RefMode::Write)->toDouble() + inc;
-        store(i);
-    }
-    return Flow::Normal;
-}
-
-Flow Engine::execForEach(const ForEachStmt* s)
-{
-    const Value coll = eval(s->collection.get());
-    std::vector<Value> items;
-    if (coll.isArray()) {
-        items = coll.array()->items;
-    } else if (coll.isObject()) {
-        Dispatch* d = coll.toDispatch();
-        if (!d->enumerate(items))
-            raise(ErrorCode::NotACollection);
-    } else {
-        raise(ErrorCode::NotACollection);
-    }
-    for (auto& item : items) {
-        *variableRef(s->var.get(), RefMode::Write) = std::move(item);
-        const Flow f = execBlock(s->body);
-        if (f == Flow::ExitFor)
-            break;
-        if (f != Flow::Normal)
-            return f;
-    }
-    return Flow::Normal;
-}
-
-Flow Engine::execDo(const DoStmt* s)
-{
-    while (true) {
-        tick();
-        if (s->testAtTop && s->condition) {
-            const bool c = evalCondition(s->condition.get());
-            if (s->until ? c : !c)
-                break;
-        }
-        const Flow f = execBlock(s->body);
-        if (f == Flow::ExitDo && !s->isWhileWend)
-            break;
-        if (f != Flow::Normal)
-            return f;
-        if (!s->testAtTop && s->condition) {
-            const bool c = evalCondition(s->condition.get());
-            if (s->until ? c : !c)
-                break;
-        }
-    }
-    return Flow::Normal;
-}
-
-namespace {
-
-bool numericLiteral(const Expr* e)
-{
-    if (e->kind == ExprKind::Literal)
-        return static_cast<const LiteralExpr*>(e)->numericLiteral;
-    if (e->kind == ExprKind::Neg)
-        return numericLiteral(static_cast<const UnaryExpr*>(e)->operand.get());
-    if (e->kind == ExprKind::Local || e->kind == ExprKind::Global)
-        return static_cast<const NameExpr*>(e)->isConst;
-    return false;
-}
-
-} // namespace
-
-Flow Engine::execSelect(const SelectStmt* s)
-{
-    const Value subject = eval(s->subject.get());
-    const bool subjectLiteral = numericLiteral(s->subject.get());
-    for (const auto& arm : s->arms) {
-        for (const auto& v : arm.values) {
-            const Value candidate = eval(v.get());
-            if (ops::compare(subject, candidate, subjectLiteral, numericLiteral(v.get())) == 0)
-                return execBlock(arm.body);
-        }
-    }
-    return execBlock(s->elseBody);
-}
-
 void Engine::execDim(const DimStmt* s)
 {
     for (const auto& item : s->items) {
         if (!item.isArray)
             continue;
+        if (s->kind == StmtKind::ReDim && !s->preserve) {
+            // A fixed array refuses a plain ReDim before the new bounds are even read.
+            const Value* old = variableRef(item.var.get(), RefMode::Write);
+            if (old->isArray() && (old->array()->fixed || old->array()->locks > 0))
+                raise(ErrorCode::ArrayFixedOrLocked);
+        }
         std::vector<int32_t> counts;
         for (const auto& b : item.bounds) {
             const int32_t ub = eval(b.get()).toLong();

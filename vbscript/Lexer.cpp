@@ -1,6 +1,7 @@
 // Lexer: keywords and names without regard to case, literals, comments, line continuations.
 #include "Lexer.h"
 
+#include "Locale.h"
 #include "Value.h"
 
 #include <cmath>
@@ -170,8 +171,7 @@ private:
             lexDate(t);
             return;
         }
-        if (c == '&' && (peek(1) == 'h' || peek(1) == 'H' || peek(1) == 'o' || peek(1) == 'O'
-                            || (peek(1) >= '0' && peek(1) <= '7'))) {
+        if (c == '&' && startsRadixLiteral()) {
             lexRadix(t);
             return;
         }
@@ -189,7 +189,12 @@ private:
         case '/': push(t, Tok::Slash); return;
         case '\\': push(t, Tok::Backslash); return;
         case '^': push(t, Tok::Caret); return;
-        case '=': push(t, Tok::Eq); return;
+        // "=>", "=<" and "><" are accepted spellings of >=, <= and <>.
+        case '=':
+            if (peek() == '>') { ++m_pos; push(t, Tok::Ge); return; }
+            if (peek() == '<') { ++m_pos; push(t, Tok::Le); return; }
+            push(t, Tok::Eq);
+            return;
         case '<':
             if (peek() == '>') { ++m_pos; push(t, Tok::Ne); return; }
             if (peek() == '=') { ++m_pos; push(t, Tok::Le); return; }
@@ -197,11 +202,44 @@ private:
             return;
         case '>':
             if (peek() == '=') { ++m_pos; push(t, Tok::Ge); return; }
+            if (peek() == '<') { ++m_pos; push(t, Tok::Ne); return; }
             push(t, Tok::Gt);
             return;
         default:
             fail(ErrorCode::InvalidCharacter, t.line, t.column);
         }
+    }
+
+    // "&H" or "&O" followed by a digit of that base, or "&" and an octal digit. Otherwise "&" is
+    // the concatenation operator, also directly before a name ("x" &hi).
+    bool startsRadixLiteral() const
+    {
+        const char16_t c = peek(1);
+        if (c == 'h' || c == 'H')
+            return isHexDigit(peek(2));
+        if (c == 'o' || c == 'O')
+            return peek(2) >= '0' && peek(2) <= '7';
+        return c >= '0' && c <= '7';
+    }
+
+    static bool isHexDigit(char16_t c)
+    {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+    }
+
+    // "Property" is a keyword only where it starts or ends a property (Property Get/Let/Set,
+    // End Property, Exit Property); elsewhere it is an ordinary name.
+    bool propertyIsKeyword() const
+    {
+        if (!m_out.empty() && (m_out.back().kind == Tok::EndKw || m_out.back().kind == Tok::Exit))
+            return true;
+        size_t k = m_pos;
+        while (k < m_src.size() && isSpace(m_src[k]))
+            ++k;
+        if (k + 3 > m_src.size() || (k + 3 < m_src.size() && isIdentChar(m_src[k + 3])))
+            return false;
+        const String word = foldCase(m_src.substr(k, 3));
+        return word == u"get" || word == u"let" || word == u"set";
     }
 
     static bool endsOperand(Tok k)
@@ -227,7 +265,7 @@ private:
                 return;
             }
             const auto it = keywords().find(folded);
-            if (it != keywords().end()) {
+            if (it != keywords().end() && (it->second != Tok::Property || propertyIsKeyword())) {
                 push(t, it->second);
                 return;
             }
@@ -291,14 +329,17 @@ private:
             ++m_pos;
             ++n;
         }
+        bool longSuffix = false;
         if (peek() == '&') {
-            ++m_pos; // a trailing "&" marks a Long literal: &HFFFF& is 65535, not -1
-            t.isLong = true;
+            ++m_pos; // a trailing "&" reads the digits as 32 bits: &HFFFF& is 65535, not -1
+            longSuffix = true;
         }
-        if (n == 0 || isIdentChar(peek()))
+        // The literal ends at the first character that is not a digit: &h01or&h02 is 1 Or 2.
+        if (n == 0)
             fail(ErrorCode::SyntaxError, t.line, t.column);
-        // &HFFFF is the Integer -1; wider literals are Longs in two's complement.
-        if (v <= 0xFFFF && !t.isLong)
+        // &HFFFF is the Integer -1; wider literals, and any with the "&" suffix, are 32-bit two's
+        // complement (the parser keeps an Integer when the value fits one).
+        if (v <= 0xFFFF && !longSuffix)
             t.number = double(int16_t(uint16_t(v)));
         else
             t.number = double(int32_t(uint32_t(v)));
@@ -335,7 +376,8 @@ private:
         if (peek() != '#')
             fail(ErrorCode::SyntaxError, t.line, t.column);
         double d;
-        if (!Value::parseDate(m_src.substr(start, m_pos - start), d))
+        // Date literals are written the US way whatever the locale.
+        if (!Value::parseDate(m_src.substr(start, m_pos - start), d, englishUs()))
             fail(ErrorCode::SyntaxError, t.line, t.column);
         ++m_pos;
         t.number = d;

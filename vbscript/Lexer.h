@@ -26,7 +26,6 @@ struct Token {
     int column = 0;
     String text;        // identifier name as written, string contents
     double number = 0;  // Integer, Float, Date (OLE date)
-    bool isLong = false; // radix literal with a trailing "&": a Long whatever its value
 };
 
 // Lexes the whole text; throws a located ScriptError (1032, 1033, 1031, ...) on bad input.

@@ -227,10 +227,22 @@ int64_t logicInt(Logic op, int64_t x, int64_t y)
     }
 }
 
+// An operand of Not, And, Or, ...: an object's default value, and text that reads as True or
+// False (not as a number) as that Boolean.
+Value logicOperand(const Value& v0)
+{
+    const Value v = v0.isObject() ? v0.defaultValue() : v0;
+    double d;
+    bool b;
+    if (v.isString() && !Value::parseNumber(v.str(), d) && Value::parseBoolean(v.str(), b))
+        return Value(b);
+    return v;
+}
+
 Value logic(Logic op, const Value& a0, const Value& b0)
 {
-    const Value a = a0.isObject() ? a0.defaultValue() : a0;
-    const Value b = b0.isObject() ? b0.defaultValue() : b0;
+    const Value a = logicOperand(a0);
+    const Value b = logicOperand(b0);
     if (a.isNull() || b.isNull()) {
         // Null is "unknown": the result is known only when the other side decides it.
         const Value& other = a.isNull() ? b : a;
@@ -269,7 +281,7 @@ Value logic(Logic op, const Value& a0, const Value& b0)
 
 Value logicNot(const Value& a0)
 {
-    const Value a = a0.isObject() ? a0.defaultValue() : a0;
+    const Value a = logicOperand(a0);
     switch (a.type()) {
     case VarType::Null: return Value::null();
     case VarType::Boolean: return Value(!a.rawBool());
@@ -316,12 +328,15 @@ int compare(const Value& a0, const Value& b0, bool aLiteral, bool bLiteral)
         const bool numLiteral = as ? bLiteral : aLiteral;
         if (n.isEmpty())
             return as ? cmpText(s.str(), String()) : cmpText(String(), s.str());
-        if (numLiteral) {
-            double d;
-            if (!Value::parseNumber(s.str(), d))
-                raise(ErrorCode::TypeMismatch);
+        double d;
+        if (numLiteral && Value::parseNumber(s.str(), d)) {
             const int c = cmpNum(d, n.toDouble());
             return as ? c : -c;
+        }
+        if (numLiteral) {
+            // Text that reads as no number is not equal to a number literal, and sorts after
+            // it ("abc" = -5 is False, not an error).
+            return as ? 1 : -1;
         }
         const int c = cmpText(s.str(), n.toString());
         return as ? c : -c;

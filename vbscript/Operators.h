@@ -22,8 +22,9 @@ Value logicEqv(const Value& a, const Value& b);
 Value logicImp(const Value& a, const Value& b);
 
 // -1, 0, 1, or kCompareNull when either side is Null. A number compared with a string converts
-// the string to a number when the number was written as a literal (aLiteral/bLiteral), and
-// otherwise compares the number's text with the string.
+// the string to a number when the number was written as a literal (aLiteral/bLiteral) and the
+// string reads as one (text that does not sorts after the literal); otherwise it compares the
+// number's text with the string.
 constexpr int kCompareNull = 2;
 int compare(const Value& a, const Value& b, bool aLiteral = false, bool bLiteral = false);
 // Object identity for "Is": both sides must be objects (424 otherwise).

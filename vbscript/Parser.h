@@ -29,6 +29,9 @@ private:
     [[noreturn]] void fail(ErrorCode code) const;
     [[noreturn]] void failAt(ErrorCode code, const Token& t) const;
     bool atEndOfStatement() const;
+    bool atClosingEnd() const;
+    bool canStartStatement() const;
+    bool parenGroupBeforeEquals() const;
     void expectEndOfStatement();
     void skipSeparators();
 
@@ -57,6 +60,7 @@ private:
     StmtPtr parseOnError();
     StmtPtr parseAssignOrCall(bool isSet);
     StmtPtr parseCallKeyword();
+    StmtPtr parseNestedProcedure();
     void parseRestArgs(CallExpr& call);
     void expectEnd(Tok what, ErrorCode code);
     void declare(const String& name, const Token& at, Procedure::Decl::Kind kind);

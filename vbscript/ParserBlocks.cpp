@@ -42,11 +42,44 @@ StmtPtr Parser::parseStatement()
         return parseAssignOrCall(false);
     case Tok::Loop: fail(ErrorCode::LoopWithoutDo);
     case Tok::Next: fail(ErrorCode::UnexpectedNext);
-    case Tok::Sub: case Tok::Function: case Tok::Class: case Tok::Property: case Tok::Public:
-    case Tok::Private: case Tok::Option:
+    case Tok::Sub: case Tok::Function: case Tok::Public: case Tok::Private:
+        if (m_proc->kind == ProcKind::TopLevel && !m_inClass)
+            return parseNestedProcedure();
+        fail(ErrorCode::SyntaxError);
+    case Tok::Class: case Tok::Property: case Tok::Option:
         fail(ErrorCode::SyntaxError);
     default:
         fail(ErrorCode::ExpectedStatement);
+    }
+}
+
+// A Sub or Function inside a block of top-level code (If False Then Sub S ... End Sub End If) is
+// declared as if it stood at the top level.
+StmtPtr Parser::parseNestedProcedure()
+{
+    const Token t = tok();
+    bool isPublic = true;
+    if (at(Tok::Public) || at(Tok::Private)) {
+        isPublic = at(Tok::Public);
+        if (peekTok().kind != Tok::Sub && peekTok().kind != Tok::Function)
+            fail(ErrorCode::SyntaxError);
+        ++m_pos;
+    }
+    parseProcedure(isPublic, false, nullptr);
+    return std::make_unique<Stmt>(StmtKind::Nop, t.line, t.column);
+}
+
+// Whether the current token can begin a statement (a Case label's statement may follow it on
+// the same line without a colon).
+bool Parser::canStartStatement() const
+{
+    switch (tok().kind) {
+    case Tok::Identifier: case Tok::Dot: case Tok::Me: case Tok::Dim: case Tok::ReDim: case Tok::Const:
+    case Tok::Erase: case Tok::Set: case Tok::Call: case Tok::If: case Tok::For: case Tok::Do:
+    case Tok::While: case Tok::Select: case Tok::With: case Tok::Exit: case Tok::On: case Tok::Stop:
+        return true;
+    default:
+        return false;
     }
 }
 
@@ -156,7 +189,7 @@ StmtPtr Parser::parseOnError()
 void Parser::parseStatementsOnLine(Block& out, bool)
 {
     while (true) {
-        if (at(Tok::NewLine) || at(Tok::End) || at(Tok::Else))
+        if (at(Tok::NewLine) || at(Tok::End) || at(Tok::Else) || atClosingEnd())
             return;
         if (accept(Tok::Colon))
             continue;
@@ -182,6 +215,9 @@ StmtPtr Parser::parseIf()
         s->arms.push_back(std::move(arm));
         if (accept(Tok::Else))
             parseStatementsOnLine(s->elseBody, true);
+        // A one-line If may end with "End If".
+        if (at(Tok::EndKw) && peekTok().kind == Tok::If)
+            m_pos += 2;
         m_singleLineIf = saved;
         return s;
     }
@@ -313,7 +349,9 @@ StmtPtr Parser::parseSelect()
         do {
             arm.values.push_back(parseExpr());
         } while (accept(Tok::Comma));
-        expectEndOfStatement();
+        // The arm's first statement may follow the label directly: Case 1 x = 2.
+        if (!canStartStatement())
+            expectEndOfStatement();
         arm.body = parseBlock({Tok::Case, Tok::EndKw}, ErrorCode::ExpectedEnd);
         s->arms.push_back(std::move(arm));
     }
@@ -337,135 +375,6 @@ StmtPtr Parser::parseWith()
     expectEnd(Tok::With, ErrorCode::ExpectedWith);
     m_singleLineIf = saved;
     return s;
-}
-
-// The target of an assignment or call statement: a name with ".member" and "(args)" directly
-// attached. "(" after a blank starts the first argument instead.
-ExprPtr Parser::parseStatementTarget()
-{
-    ExprPtr e = parsePrimary();
-    while (true) {
-        if (at(Tok::LParen) && !tok().spaceBefore) {
-            const Token t = tok();
-            auto call = std::make_unique<CallExpr>(std::move(e), t.line, t.column);
-            parseArgs(*call);
-            e = std::move(call);
-        } else if (at(Tok::Dot) && !tok().spaceBefore) {
-            ++m_pos;
-            const Token nameTok = tok();
-            String name = expectIdentifier();
-            e = std::make_unique<MemberExpr>(std::move(e), std::move(name), nameTok.line, nameTok.column);
-        } else {
-            return e;
-        }
-    }
-}
-
-StmtPtr Parser::parseAssignOrCall(bool isSet)
-{
-    const Token t = tok();
-    ExprPtr target = parseStatementTarget();
-    if (accept(Tok::Eq)) {
-        if (target->kind == ExprKind::Call && static_cast<CallExpr*>(target.get())->target->kind == ExprKind::Me)
-            failAt(ErrorCode::InvalidUseOfMe, t);
-        if (target->kind == ExprKind::Me)
-            failAt(ErrorCode::InvalidUseOfMe, t);
-        ExprPtr value = parseExpr();
-        bool isMid = false;
-        if (!isSet && target->kind == ExprKind::Call) {
-            const auto* c = static_cast<CallExpr*>(target.get());
-            isMid = c->target->kind == ExprKind::Name
-                && equalsNoCase(static_cast<NameExpr*>(c->target.get())->name, u"Mid");
-            if (isMid && (c->args.size() < 2 || c->args.size() > 3 || !c->args[0] || !c->args[1]
-                             || (c->args.size() == 3 && !c->args[2])))
-                failAt(ErrorCode::SyntaxError, t);
-        }
-        auto assign = std::make_unique<AssignStmt>(std::move(target), std::move(value), isSet, t.line, t.column);
-        assign->isMid = isMid;
-        return assign;
-    }
-    if (isSet)
-        fail(ErrorCode::ExpectedEquals);
-    if (target->kind == ExprKind::Me || target->kind == ExprKind::Literal)
-        fail(ErrorCode::ExpectedStatement);
-    std::unique_ptr<CallExpr> call;
-    if (target->kind == ExprKind::Call) {
-        call.reset(static_cast<CallExpr*>(target.release()));
-        if (atEndOfStatement()) {
-            // "Foo(x)" as a statement passes x by value; "Foo(x, y)" is not allowed.
-            if (call->args.size() > 1)
-                failAt(ErrorCode::ParenthesesCallingSub, t);
-            if (call->args.size() == 1 && call->args[0])
-                call->args[0]->parenthesized = true;
-            call->parens = false;
-            return std::make_unique<CallStmt>(std::move(call), t.line, t.column);
-        }
-        if (call->args.size() != 1 || !call->args[0])
-            fail(ErrorCode::ExpectedEndOfStatement);
-        // "Foo(1) + 2, 3": the parenthesised group began the first argument.
-        ExprPtr first = std::move(call->args[0]);
-        first->parenthesized = true;
-        first = parseBinaryRest(parsePostfixRest(std::move(first)), 1);
-        auto outer = std::make_unique<CallExpr>(std::move(call->target), t.line, t.column);
-        outer->args.push_back(std::move(first));
-        outer->parens = false;
-        if (!atEndOfStatement()) {
-            expect(Tok::Comma, ErrorCode::ExpectedEndOfStatement);
-            parseRestArgs(*outer);
-        }
-        return std::make_unique<CallStmt>(std::move(outer), t.line, t.column);
-    }
-    call = std::make_unique<CallExpr>(std::move(target), t.line, t.column);
-    call->parens = false;
-    if (!atEndOfStatement()) {
-        if (accept(Tok::Comma)) {
-            call->args.push_back(nullptr);
-        } else {
-            call->args.push_back(parseExpr());
-            if (!atEndOfStatement())
-                expect(Tok::Comma, ErrorCode::ExpectedEndOfStatement);
-        }
-        if (m_toks[m_pos - 1].kind == Tok::Comma)
-            parseRestArgs(*call);
-    }
-    return std::make_unique<CallStmt>(std::move(call), t.line, t.column);
-}
-
-// The arguments after a comma of a call statement; an empty one is an omitted argument.
-void Parser::parseRestArgs(CallExpr& call)
-{
-    while (true) {
-        if (atEndOfStatement()) {
-            call.args.push_back(nullptr);
-            return;
-        }
-        if (accept(Tok::Comma)) {
-            call.args.push_back(nullptr);
-            continue;
-        }
-        call.args.push_back(parseExpr());
-        if (atEndOfStatement())
-            return;
-        expect(Tok::Comma, ErrorCode::ExpectedEndOfStatement);
-    }
-}
-
-// call: "Call" target ["(" args ")"]
-StmtPtr Parser::parseCallKeyword()
-{
-    const Token t = tok();
-    ++m_pos;
-    if (!at(Tok::Identifier) && !at(Tok::Dot) && !at(Tok::Me))
-        fail(ErrorCode::ExpectedIdentifier);
-    ExprPtr target = parseStatementTarget();
-    std::unique_ptr<CallExpr> call;
-    if (target->kind == ExprKind::Call) {
-        call.reset(static_cast<CallExpr*>(target.release()));
-    } else {
-        call = std::make_unique<CallExpr>(std::move(target), t.line, t.column);
-    }
-    call->parens = false;
-    return std::make_unique<CallStmt>(std::move(call), t.line, t.column);
 }
 
 } // namespace vbs

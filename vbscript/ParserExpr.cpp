@@ -101,7 +101,8 @@ ExprPtr Parser::parseBinaryRest(ExprPtr lhs, int minPrec)
     }
 }
 
-// unary: "Not" operand binds looser than comparisons; "-" looser than "^" only.
+// unary: "Not" operand binds looser than comparisons; "-" and "+" bind tighter than every
+// binary operator, "^" included (-3^2 is 9).
 ExprPtr Parser::parseUnary()
 {
     const Token t = tok();
@@ -112,19 +113,17 @@ ExprPtr Parser::parseUnary()
         return e;
     }
     if (accept(Tok::Minus)) {
-        ExprPtr operand = parseExpr(14);
+        DepthGuard guard(*this);
+        ExprPtr operand = parseUnary();
         if (operand->kind == ExprKind::Literal && static_cast<LiteralExpr*>(operand.get())->numericLiteral) {
-            // Fold "-5" so that -32768 stays an Integer.
+            // Fold "-5" into the literal; negation keeps the literal's type, so -32768 is a Long
+            // (32768 is one) as on Windows.
             auto* lit = static_cast<LiteralExpr*>(operand.get());
             const Value& v = lit->value;
-            if (v.type() == VarType::Long && v.rawLong() == 32768)
-                lit->value = Value(int16_t(-32768));
-            else if (v.type() == VarType::Integer)
+            if (v.type() == VarType::Integer && v.rawInteger() != -32768)
                 lit->value = Value(int16_t(-v.rawInteger()));
-            else if (v.type() == VarType::Long)
+            else if (v.type() == VarType::Long && v.rawLong() != INT32_MIN)
                 lit->value = Value(int32_t(-v.rawLong()));
-            else if (v.type() == VarType::Double && v.rawDouble() == 2147483648.0)
-                lit->value = Value(int32_t(INT32_MIN));
             else if (v.type() == VarType::Double)
                 lit->value = Value(-v.rawDouble());
             else
@@ -136,8 +135,10 @@ ExprPtr Parser::parseUnary()
         e->depth = uint16_t(e->operand->depth + 1);
         return e;
     }
-    if (accept(Tok::Plus))
-        return parseExpr(14);
+    if (accept(Tok::Plus)) {
+        DepthGuard guard(*this);
+        return parseUnary();
+    }
     return parsePostfix();
 }
 
@@ -149,8 +150,8 @@ ExprPtr Parser::parsePostfix()
 ExprPtr Parser::parsePostfixRest(ExprPtr e)
 {
     while (true) {
-        if (at(Tok::LParen) && e->kind != ExprKind::Literal && !e->parenthesized
-            && e->kind != ExprKind::New) {
+        // (f)(x) and ((a))(0) apply the arguments to what the parentheses hold.
+        if (at(Tok::LParen) && e->kind != ExprKind::Literal && e->kind != ExprKind::New) {
             const Token t = tok();
             auto call = std::make_unique<CallExpr>(std::move(e), t.line, t.column);
             parseArgs(*call);
@@ -196,7 +197,7 @@ ExprPtr Parser::parsePrimary()
     case Tok::Integer: {
         ++m_pos;
         const double d = t.number;
-        if (d >= -32768 && d <= 32767 && !t.isLong)
+        if (d >= -32768 && d <= 32767)
             return std::make_unique<LiteralExpr>(Value(int16_t(d)), true, t.line, t.column);
         return std::make_unique<LiteralExpr>(Value(int32_t(d)), true, t.line, t.column);
     }
@@ -226,8 +227,6 @@ ExprPtr Parser::parsePrimary()
         return std::make_unique<NameExpr>(t.text, t.line, t.column);
     case Tok::Me:
         ++m_pos;
-        if (!m_inClass)
-            failAt(ErrorCode::InvalidUseOfMe, t);
         return std::make_unique<Expr>(ExprKind::Me, t.line, t.column);
     case Tok::Dot: {
         ++m_pos;

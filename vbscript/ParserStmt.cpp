@@ -54,7 +54,22 @@ void Parser::failAt(ErrorCode code, const Token& t) const
 
 bool Parser::atEndOfStatement() const
 {
-    return at(Tok::NewLine) || at(Tok::Colon) || at(Tok::End) || (m_singleLineIf && at(Tok::Else));
+    return at(Tok::NewLine) || at(Tok::Colon) || at(Tok::End) || (m_singleLineIf && at(Tok::Else))
+        || atClosingEnd();
+}
+
+// "End If", "End Sub", ... may follow a statement on its line without a colon: x = 1 End Sub.
+bool Parser::atClosingEnd() const
+{
+    if (!at(Tok::EndKw))
+        return false;
+    switch (peekTok().kind) {
+    case Tok::If: case Tok::Sub: case Tok::Function: case Tok::Property: case Tok::Class:
+    case Tok::With: case Tok::Select:
+        return true;
+    default:
+        return false;
+    }
 }
 
 void Parser::expectEndOfStatement()
@@ -174,14 +189,19 @@ void Parser::parseProcedure(bool isPublic, bool isDefault, ClassDef* owner)
     if (owner && (equalsNoCase(proc->name, u"Class_Initialize") || equalsNoCase(proc->name, u"Class_Terminate"))
         && !proc->params.empty())
         fail(ErrorCode::InitTerminateArgs);
-    expectEndOfStatement();
+    // After the parameter list the body may start on the same line: Sub S() x = 1 End Sub.
+    if (m_toks[m_pos - 1].kind != Tok::RParen)
+        expectEndOfStatement();
     Procedure* saved = m_proc;
     m_proc = proc.get();
     const int savedDo = m_loopDepthDo, savedFor = m_loopDepthFor;
+    const bool savedSingleLine = m_singleLineIf;
     m_loopDepthDo = m_loopDepthFor = 0;
+    m_singleLineIf = false;
     proc->body = parseBlock({Tok::EndKw}, ErrorCode::ExpectedEnd);
     m_loopDepthDo = savedDo;
     m_loopDepthFor = savedFor;
+    m_singleLineIf = savedSingleLine;
     m_proc = saved;
     expectEnd(endKind, endCode);
     if (owner) {

@@ -74,8 +74,11 @@ private:
                 g.value = static_cast<LiteralExpr*>(value.get())->value;
             }
         }
+        std::unordered_set<String> procedureNames;
         for (auto& p : m_prog.procedures) {
-            claim(seen, p->name, p->line, p->column);
+            // A later Sub or Function of the same name replaces the earlier one.
+            if (procedureNames.insert(foldCase(p->name)).second)
+                claim(seen, p->name, p->line, p->column);
             GlobalSlot& g = m_engine.global(m_engine.globalSlot(p->name));
             g.kind = Kind::Procedure;
             g.proc = p.get();
@@ -84,6 +87,8 @@ private:
         for (auto& c : m_prog.classes) {
             claim(seen, c->name, c->line, c->column);
             GlobalSlot& g = m_engine.global(m_engine.globalSlot(c->name));
+            if (g.kind == Kind::NativeClass)
+                continue; // a provided class keeps its name
             g.kind = Kind::Class;
             g.cls = c.get();
             g.value.clear();
@@ -209,10 +214,11 @@ private:
             m_scope->implicitIndex[key] = {n->slot, n->localSlot};
             return;
         }
-        if (m_proc->kind == ProcKind::TopLevel || m_proc->optionExplicit || asCall)
+        if (m_proc->kind == ProcKind::TopLevel || asCall)
             return;
         // Undeclared inside a procedure: a global of that name if one exists when it runs,
-        // otherwise a local of the procedure.
+        // otherwise a local of the procedure (under Option Explicit only once code Execute'd in
+        // the procedure has declared it).
         n->kind = ExprKind::Implicit;
         n->localSlot = addLocal(m_proc, u"\x01" + n->name);
         m_proc->implicitIndex[key] = {n->slot, n->localSlot};

@@ -145,6 +145,10 @@ std::span<const ErrorEntry> errorCatalogue();
 String errorMessage(int32_t number);
 inline String errorMessage(ErrorCode code) { return errorMessage(int32_t(code)); }
 bool isCompileError(int32_t number);
+// The error number scripts see for an HRESULT: VBScript's own facility gives its low word, common
+// system and OLE codes their VBScript equivalents (E_OUTOFMEMORY is 7, ...); others stay as they
+// are.
+int32_t errorFromHresult(int32_t hresult);
 
 struct ScriptError : std::exception {
     ScriptError(int32_t number, String description, String source = {});
@@ -154,6 +158,8 @@ struct ScriptError : std::exception {
     int32_t number = 0;
     String description;
     String source;
+    String helpFile;
+    int32_t helpContext = 0;
     // Where in the script it happened: 0 until the engine places it.
     int line = 0;
     int column = 0;
@@ -166,6 +172,11 @@ struct ScriptError : std::exception {
 private:
     mutable std::string m_what;
 };
+
+// Places e at the statement the script engine of this thread is running, as an error raised by
+// it now would be placed: for a failure that is found later but belongs there (a save finished
+// in the background). False when no script is running.
+bool locateAtRunningStatement(ScriptError& e);
 
 [[noreturn]] void raise(ErrorCode code, String source = {});
 [[noreturn]] void raise(int32_t number, String description, String source = {});

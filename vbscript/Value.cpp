@@ -200,8 +200,9 @@ bool Value::toBoolean() const
     case VarType::Double: case VarType::Date: return m_u.d != 0;
     case VarType::Currency: return m_u.i64 != 0;
     case VarType::String: {
-        if (equalsNoCase(str(), u"True")) return true;
-        if (equalsNoCase(str(), u"False")) return false;
+        bool b;
+        if (parseBoolean(str(), b))
+            return b;
         double d;
         if (parseNumber(str(), d))
             return d != 0;
@@ -210,6 +211,17 @@ bool Value::toBoolean() const
     case VarType::Object: return defaultValue().toBoolean();
     default: raise(ErrorCode::TypeMismatch);
     }
+}
+
+bool Value::parseBoolean(std::u16string_view text, bool& out)
+{
+    if (equalsNoCase(text, u"True") || equalsNoCase(text, u"#TRUE#"))
+        out = true;
+    else if (equalsNoCase(text, u"False") || equalsNoCase(text, u"#FALSE#"))
+        out = false;
+    else
+        return false;
+    return true;
 }
 
 uint8_t Value::toByte() const { return uint8_t(toInt64Checked(0, 255)); }

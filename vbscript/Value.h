@@ -11,6 +11,8 @@
 
 namespace vbs {
 
+struct Locale;
+
 enum class VarType : uint16_t {
     Empty = 0,
     Null = 1,
@@ -178,16 +180,20 @@ public:
     // TypeName's answer ("Integer", "String", "Variant()", the class name, "Nothing", ...).
     String typeName() const;
 
-    // Number and date text as CStr renders them (en-US).
+    // Number and date text as CStr renders them in the active locale.
     static String formatDouble(double d);
     static String formatSingle(float f);
     static String formatCurrency(int64_t scaled);
     static String formatDate(double oleDate);
-    // Text to number the way IsNumeric and the coercions read it: blanks around, sign,
-    // digits with "," group separators, decimals, exponent, &H/&O, a leading "$".
+    // Text to number the way IsNumeric and the coercions read it in the active locale: blanks
+    // around, sign, digits with group separators, decimals, exponent, &H/&O, the currency symbol.
     static bool parseNumber(std::u16string_view text, double& out);
-    // Text to date as CDate reads it (en-US: month/day/year, month names, times, AM/PM).
+    // Text to Boolean as CBool reads it: "True", "False", "#TRUE#", "#FALSE#" in any case.
+    static bool parseBoolean(std::u16string_view text, bool& out);
+    // Text to date as CDate reads it in the active locale (day, month and year in its order, month
+    // names in English or its language, times, AM/PM); the second form in a given locale.
     static bool parseDate(std::u16string_view text, double& out);
+    static bool parseDate(std::u16string_view text, double& out, const Locale& locale);
 
 private:
     static constexpr VarType kArrayTag = VarType(0x200C);

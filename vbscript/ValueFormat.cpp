@@ -1,4 +1,5 @@
-// Number <-> text as VBScript's CStr and IsNumeric do it (en-US).
+// Number <-> text as VBScript's CStr and IsNumeric do it, in the active locale.
+#include "Locale.h"
 #include "Value.h"
 
 #include <cmath>
@@ -8,6 +9,17 @@
 namespace vbs {
 
 namespace {
+
+// Number text written with "." as its decimal point, in the active locale's way.
+String withDecimal(String text)
+{
+    const char16_t decimal = activeLocale().decimal;
+    if (decimal != u'.')
+        for (char16_t& c : text)
+            if (c == u'.')
+                c = decimal;
+    return text;
+}
 
 // Renders d with at most `digits` significant digits: plain notation for exponents in
 // [-4, digits), otherwise "1.5E-07" / "1E+20".
@@ -52,7 +64,7 @@ String formatSignificant(double d, int digits)
             out += ds.substr(0, size_t(exp) + 1) + "." + ds.substr(size_t(exp) + 1);
         }
     }
-    return fromAscii(out);
+    return withDecimal(fromAscii(out));
 }
 
 bool isBlank(char16_t c)
@@ -114,7 +126,7 @@ String Value::formatCurrency(int64_t scaled)
             f.pop_back();
         out += "." + f;
     }
-    return fromAscii(out);
+    return withDecimal(fromAscii(out));
 }
 
 bool Value::parseNumber(std::u16string_view text, double& out)
@@ -127,18 +139,30 @@ bool Value::parseNumber(std::u16string_view text, double& out)
         return false;
     if (t[0] == '&' && t.size() >= 2)
         return parseRadix(t, out);
+    const Locale& locale = activeLocale();
+    const std::u16string_view currency = locale.currency;
+    // The currency symbol may stand before the number or after it.
+    if (t.size() > currency.size() && t.substr(t.size() - currency.size()) == currency) {
+        t.remove_suffix(currency.size());
+        while (!t.empty() && isBlank(t.back()))
+            t.remove_suffix(1);
+    }
     std::string ascii;
     size_t i = 0;
     if (t[i] == '+' || t[i] == '-') {
         if (t[i] == '-') ascii.push_back('-');
         ++i;
     }
-    if (i < t.size() && t[i] == '$') ++i;
-    bool digits = false;
-    for (; i < t.size() && ((t[i] >= '0' && t[i] <= '9') || (t[i] == ',' && digits)); ++i) {
-        if (t[i] != ',') { ascii.push_back(char(t[i])); digits = true; }
+    if (t.substr(i, currency.size()) == currency) {
+        i += currency.size();
+        while (i < t.size() && isBlank(t[i]))
+            ++i;
     }
-    if (i < t.size() && t[i] == '.') {
+    bool digits = false;
+    for (; i < t.size() && ((t[i] >= '0' && t[i] <= '9') || (t[i] == locale.group && digits)); ++i) {
+        if (t[i] != locale.group) { ascii.push_back(char(t[i])); digits = true; }
+    }
+    if (i < t.size() && t[i] == locale.decimal) {
         ascii.push_back('.');
         for (++i; i < t.size() && t[i] >= '0' && t[i] <= '9'; ++i) {
             ascii.push_back(char(t[i]));

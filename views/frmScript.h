@@ -25,7 +25,7 @@ public:
     // The command line as a script in the scripting view, which becomes current.
     void ConvertToScript(const QString& commandLine);
     // The command line in the command-line view, which becomes current.
-    void ConverterToCommandLine(const QString& commandLine);
+    Q_INVOKABLE void ConverterToCommandLine(const QString& commandLine);
     // Sets the preference check marks and asks every view to re-read the preferences.
     void LoadInitSettings();
 

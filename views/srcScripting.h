@@ -1,12 +1,15 @@
-// The scripting view. For now it holds the description strip and a plain script text; the
-// editor with colouring, completion and help, the tool pane and the photo pane come later.
+// The scripting view: caption, description, the script editor beside the reference pane, and the
+// status line that shows the last preview request. (The tool pane with the preview and the photo
+// pane come with their own parts.)
 #pragma once
 
 #include <QWidget>
 
-class QPlainTextEdit;
+class QSplitter;
 class uCaptionBar;
 class uDialog;
+class uReference;
+class uScriptingWindow;
 class frmScript;
 
 class srcScripting : public QWidget {
@@ -14,11 +17,14 @@ class srcScripting : public QWidget {
 public:
     explicit srcScripting(QWidget* parent = nullptr);
 
-    void LoadInitSettings() {}
-    void SetOwner(frmScript* owner) { m_owner = owner; }
+    void LoadInitSettings();
+    void SetOwner(frmScript* owner);
     // The script converted from a command line replaces the one being edited.
     void LoadCommandLine(const QString& commandLine);
     QString scriptText() const;
+
+    uScriptingWindow* editor() const { return m_editor; }
+    uReference* reference() const { return m_reference; }
 
     static const QString& description();
 
@@ -26,6 +32,8 @@ private:
     frmScript* m_owner = nullptr;
     uCaptionBar* m_caption;
     uDialog* m_dialog;
-    QPlainTextEdit* m_editor;
+    QSplitter* m_split;
+    uScriptingWindow* m_editor;
+    uReference* m_reference;
     uCaptionBar* m_status;
 };

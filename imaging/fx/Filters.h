@@ -1,5 +1,5 @@
 // Filters and adjustments: each takes the current image and returns the changed image, same size.
-// Ranges and meanings are in the effect table (FxCatalogueTable.cpp); out-of-range arguments
+// Ranges and meanings are in the effect table (FxFilterTable.cpp); out-of-range arguments
 // throw FxError. Alpha is kept as it is; 16-bit images stay 16-bit.
 #pragma once
 

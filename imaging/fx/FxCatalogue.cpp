@@ -1,4 +1,4 @@
-// Look-ups and range checks over the effect member table.
+// The effect member table joined from its families, look-ups and range checks over it.
 #include "imaging/fx/FxCatalogue.h"
 
 #include <algorithm>
@@ -8,6 +8,7 @@
 #include <stdexcept>
 
 #include "imaging/fx/FxError.h"
+#include "imaging/fx/FxTableFamilies.h"
 
 namespace fx {
 
@@ -28,6 +29,17 @@ std::string numberText(double v) {
 }
 
 } // namespace
+
+const std::vector<FxMemberInfo>& effectCatalogue() {
+    static const std::vector<FxMemberInfo> table = [] {
+        std::vector<FxMemberInfo> all = filterEntries();
+        for (auto* family : {&distortionEntries, &drawingEntries})
+            for (auto& m : (*family)())
+                all.push_back(std::move(m));
+        return all;
+    }();
+    return table;
+}
 
 const FxMemberInfo* findEffect(std::string_view name) {
     for (const FxMemberInfo& m : effectCatalogue())

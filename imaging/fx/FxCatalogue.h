@@ -1,10 +1,13 @@
-// One table describing every effect member: arguments with meaning, range and default, and a
-// one-line description. It feeds the reference document and the effects' own range checks.
+// One table describing every effect member: arguments with meaning, range and default, a one-line
+// description and the handler that runs it. It feeds the imaging control's operations, the
+// reference document and the effects' own range checks.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "imaging/Operation.h"
 
 namespace fx {
 
@@ -24,6 +27,10 @@ struct FxMemberInfo {
         family; // Filters, Distortions, Drawing, Drawing state, Area and merge, Capture
     std::vector<FxArgument> arguments;
     std::string_view description;
+    // How the imaging control runs it; a member without either is a drawing-state property.
+    imaging::ApplyFn apply = nullptr;
+    imaging::RunFn run = nullptr;
+    unsigned flags = imaging::OpNone;
 };
 
 const std::vector<FxMemberInfo>& effectCatalogue();

@@ -1,5 +1,5 @@
-// Operation rows for the effects: parameter declarations from the effect table, and handlers
-// that convert the checked arguments, call the effect and map FxError to ImagingError.
+// Operation rows for the effects, one per entry of the effect table that has a handler: the
+// entry's arguments become the operation's parameters.
 #include "imaging/fx/FxOperations.h"
 
 #include <cstdlib>
@@ -9,7 +9,6 @@
 
 #include "imaging/ImagingControl.h"
 #include "imaging/fx/Effects.h"
-#include "imaging/fx/FxOperationHandlers.h"
 
 namespace imaging::fx {
 
@@ -81,13 +80,12 @@ std::span<const OperationDef> operationTable() {
     static const std::vector<OperationDef> table = [] {
         static std::deque<std::vector<ParamDef>> paramStore;
         std::vector<OperationDef> rows;
-        for (const HandlerDef& h : handlers()) {
-            const ::fx::FxMemberInfo* info = ::fx::findEffect(h.name);
-            if (!info) continue; // a handler without a table entry is caught by the coverage test
+        for (const ::fx::FxMemberInfo& info : ::fx::effectCatalogue()) {
+            if (!info.apply && !info.run) continue; // drawing state: properties of the control
             std::vector<ParamDef>& params = paramStore.emplace_back();
-            for (const ::fx::FxArgument& a : info->arguments)
+            for (const ::fx::FxArgument& a : info.arguments)
                 expand(a, params);
-            rows.push_back({info->name, info->description, params, h.apply, h.run, h.flags});
+            rows.push_back({info.name, info.description, params, info.apply, info.run, info.flags});
         }
         return rows;
     }();

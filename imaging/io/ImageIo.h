@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -79,6 +80,18 @@ bool appendsPages(const FormatDef& format, const SaveOptions& options, bool targ
 // being written (decoding is lazy).
 void saveImage(const vips::VImage& image, const std::string& scriptPath, int32_t fileType,
                const SaveOptions& options, const std::string& sourceName = {});
+
+// The same save in three steps, so that the slow middle one can run on another thread: begin
+// checks the target and makes the temporary file (fast; its failures are the caller's at
+// once), write encodes into it, finish puts it in place; abandon removes it instead.
+struct PendingSave;
+std::shared_ptr<PendingSave> beginSave(const std::string& scriptPath, int32_t fileType,
+                                       const SaveOptions& options);
+void writeSave(PendingSave& save, const vips::VImage& image, const std::string& sourceName);
+void finishSave(PendingSave& save);
+// The file a pending save will replace or create.
+const std::filesystem::path& fileOf(const PendingSave& save);
+void abandonSave(PendingSave& save);
 
 // A libvips message on one line, each of its lines once (libvips repeats some).
 std::string oneLine(std::string_view message);

@@ -2,6 +2,7 @@
 // flush it and put it in the target's place (FileReplace).
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "imaging/io/FileReplace.h"
 #include "imaging/io/Formats.h"
@@ -263,34 +264,72 @@ bool appendsPages(const FormatDef& f, const SaveOptions& o, bool targetExists) {
     return o.multiPage && paged && targetExists;
 }
 
-void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileType,
-               const SaveOptions& o, const std::string& sourceName) {
+struct PendingSave {
+    std::string scriptPath;
+    const FormatDef* format = nullptr;
+    SaveOptions options;
+    SaveTarget target;
+    fs::path temp;
+    bool open = true; // the temporary file is still ours to place or remove
+};
+
+std::shared_ptr<PendingSave> beginSave(const std::string& scriptPath, int32_t fileType,
+                                       const SaveOptions& o) {
     if (scriptPath.empty()) fail(ErrorCode::CannotWrite, "no save file name is set");
+    auto save = std::make_shared<PendingSave>();
+    save->scriptPath = scriptPath;
+    save->options = o;
     fs::path native = savePath(scriptPath);
-    const FormatDef& f = chooseFormat(native, scriptPath, fileType);
-    SaveTarget target = resolveSaveTarget(native, scriptPath);
-    fs::path temp = makeTemp(target);
+    save->format = &chooseFormat(native, scriptPath, fileType);
+    save->target = resolveSaveTarget(native, scriptPath);
+    save->temp = makeTemp(save->target);
+    return save;
+}
+
+void writeSave(PendingSave& save, const VImage& image, const std::string& sourceName) {
+    const FormatDef& f = *save.format;
+    const SaveOptions& o = save.options;
     try {
         VImage ready = prepare(image, f, o);
-        bool appending = appendsPages(f, o, target.exists);
+        bool appending = appendsPages(f, o, save.target.exists);
         if (!appending || f.code != format::Tiff ||
-            !appendTiffPage(ready, o, target.file, temp, scriptPath)) {
+            !appendTiffPage(ready, o, save.target.file, save.temp, save.scriptPath)) {
             int pageHeight = 0;
-            if (appending) ready = appendPage(target.file, f, ready, pageHeight);
-            write(ready, f, o, temp.c_str(), pageHeight);
+            if (appending) ready = appendPage(save.target.file, f, ready, pageHeight);
+            write(ready, f, o, save.temp.c_str(), pageHeight);
         }
-        syncFile(temp);
+        syncFile(save.temp);
     } catch (const vips::VError& e) {
-        removeTemp(temp);
+        abandonSave(save);
         if (!sourceName.empty() && isDecodeFailure(e.what()))
             failFromVips(ErrorCode::DamagedImage,
-                         sourceName + ", found while writing " + scriptPath, e);
-        failFromVips(ErrorCode::CannotWrite, scriptPath, e);
+                         sourceName + ", found while writing " + save.scriptPath, e);
+        failFromVips(ErrorCode::CannotWrite, save.scriptPath, e);
     } catch (...) {
-        removeTemp(temp);
+        abandonSave(save);
         throw;
     }
-    replaceFile(temp, target, scriptPath);
+}
+
+void finishSave(PendingSave& save) {
+    save.open = false;
+    replaceFile(save.temp, save.target, save.scriptPath);
+}
+
+const fs::path& fileOf(const PendingSave& save) {
+    return save.target.file;
+}
+
+void abandonSave(PendingSave& save) {
+    if (!std::exchange(save.open, false)) return;
+    removeTemp(save.temp);
+}
+
+void saveImage(const VImage& image, const std::string& scriptPath, int32_t fileType,
+               const SaveOptions& o, const std::string& sourceName) {
+    std::shared_ptr<PendingSave> save = beginSave(scriptPath, fileType, o);
+    writeSave(*save, image, sourceName);
+    finishSave(*save);
 }
 
 } // namespace imaging

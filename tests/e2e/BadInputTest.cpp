@@ -1,14 +1,6 @@
 // Bad input through the executable: script errors, broken photos, missing folders and files.
 #include "E2eFixture.h"
 
-namespace {
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 class BadInputTest : public E2eTest {
 protected:
     void SetUp() override {

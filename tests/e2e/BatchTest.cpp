@@ -1,14 +1,6 @@
 // Whole batches through the executable: file sources, spliced command lines and scripts, templates.
 #include "E2eFixture.h"
 
-namespace {
-
-std::string q(const std::string& text) {
-    return "\"" + text + "\"";
-}
-
-} // namespace
-
 TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
     copyExample("in/example.jpg");
     for (const QString& name : sampleNames())

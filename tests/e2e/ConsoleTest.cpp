@@ -6,10 +6,6 @@
 
 namespace {
 
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
 const char* const kQuestion = "Possible Error: fx.savefile is never called.";
 
 } // namespace

@@ -52,5 +52,13 @@ private:
     QString m_configHome;
 };
 
+inline bool contains(const std::string& text, const std::string& part) {
+    return text.find(part) != std::string::npos;
+}
+// The text in double quotes, as a script string without quotes inside.
+inline std::string q(const std::string& text) {
+    return "\"" + text + "\"";
+}
+
 // Prints a run's outcome when an expectation about it fails.
 std::string describe(const ProcessResult& r);

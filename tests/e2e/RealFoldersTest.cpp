@@ -5,14 +5,6 @@
 #include <fstream>
 #include <unistd.h>
 
-namespace {
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-} // namespace
-
 class RealFoldersTest : public E2eTest {};
 
 TEST_F(RealFoldersTest, EveryLegalNameIsProcessedAsDataAndNothingElseIsTouched) {

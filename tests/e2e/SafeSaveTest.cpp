@@ -8,18 +8,6 @@
 
 namespace fs = std::filesystem;
 
-namespace {
-
-bool contains(const std::string& text, const std::string& part) {
-    return text.find(part) != std::string::npos;
-}
-
-std::string q(const std::string& text) {
-    return "\"" + text + "\"";
-}
-
-} // namespace
-
 class SafeSaveTest : public E2eTest {
 protected:
     fs::path native(const QString& relative) const {

@@ -7,7 +7,8 @@ cmake=$1 build=$2 samples=$3
 scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 "$cmake" --install "$build" --prefix "$scratch/prefix" >/dev/null
-for f in bin/vantorel share/vantorel/data/template.txt share/applications/vantorel.desktop \
+for f in bin/vantorel share/vantorel/data/template.txt share/vantorel/data/commands.txt \
+         share/vantorel/data/errors.txt share/vantorel/data/index.html share/applications/vantorel.desktop \
          share/icons/hicolor/scalable/apps/vantorel.svg share/man/man1/vantorel.1; do
     [ -e "$scratch/prefix/$f" ] || { echo "not installed: $f" >&2; exit 1; }
 done

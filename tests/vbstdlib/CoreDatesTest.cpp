@@ -2,6 +2,7 @@
 // the library's calendar: the cases scripts meet.
 #include "OleDate.h"
 #include "vbscript/DateTime.h"
+#include "vbscript/Locale.h"
 #include "vbscript/Value.h"
 
 #include <ctime>
@@ -78,13 +79,22 @@ TEST(CoreDates, RejectsNonDates) {
     }
 }
 
+// CStr of a date reads back as the same date in every locale SetLocale offers.
 TEST(CoreDates, RoundTripsThroughText) {
-    for (double serial : {day(1900, 3, 1) + 0.25, day(2024, 2, 29) + 0.999988, day(100, 1, 1),
-                          day(1000, 1, 1), day(9999, 12, 31) + 0.5, -700.5}) {
-        const auto back = parse(vbs::Value::formatDate(serial));
-        ASSERT_TRUE(back) << serial;
-        EXPECT_NEAR(*back, serial, 1.0 / 86400);
+    for (int32_t lcid : {1033, 2057, 1031, 1036, 1040, 1041, 3082}) {
+        vbs::LocaleScope scope(vbs::findLocale(lcid));
+        for (double serial : {day(1900, 3, 1) + 0.25, day(2024, 2, 29) + 0.999988, day(100, 1, 1),
+                              day(1000, 1, 1), day(9999, 12, 31) + 0.5, -700.5, day(2003, 1, 12)}) {
+            const auto back = parse(vbs::Value::formatDate(serial));
+            ASSERT_TRUE(back) << lcid << " " << serial;
+            EXPECT_NEAR(*back, serial, 1.0 / 86400) << lcid;
+        }
     }
+}
+
+TEST(CoreDates, TextOfMidnightAndNegativeDates) {
+    EXPECT_EQ(vbs::Value::formatDate(0), u"12:00:00 AM");
+    EXPECT_EQ(vbs::Value::formatDate(-1.25), u"12/29/1899 6:00:00 AM");
 }
 
 TEST(CoreDates, CalendarsAgree) {

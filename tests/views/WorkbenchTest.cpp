@@ -156,10 +156,17 @@ TEST_F(Workbench, RunHandsTheLineToTheEngineAndConvertAsksFirst) {
     view->SetCommandLine("/files:a.jpg /fx.Blur /fx.savefile");
     view->Convert();
     EXPECT_EQ(w.CurrentTool(), QStringLiteral("srcScripting"));
-    EXPECT_EQ(w.scriptingView()->scriptText(), QStringLiteral("fx.Blur \nfx.savefile\n"));
+    // The converted script follows the header of a new script.
+    EXPECT_TRUE(w.scriptingView()->scriptText().endsWith(
+        "//Script Name: Unknown\n\nfx.Blur \nfx.savefile"));
     ASSERT_EQ(recorder.boxes.size(), 3);
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Notice"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::YesNoCancel);
+
+    // The editor's menu hands its script to the command-line view.
+    w.scriptingView()->findChild<QAction*>("mnuCommandLine")->trigger();
+    EXPECT_EQ(w.CurrentTool(), QStringLiteral("srcCommandLine"));
+    EXPECT_TRUE(view->commandLine().startsWith("/files:nofiles  /fx.Blur /fx.savefile"));
 
     // A double-click on the example copies it into the box.
     QTest::mouseDClick(view->findChild<QLineEdit*>("Text2"), Qt::LeftButton);

@@ -9,6 +9,7 @@ namespace {
 struct IntegerConstant {
     std::u16string_view name;
     int32_t value;
+    bool isLong = false; // a Long even where the value would fit an Integer
 };
 
 const IntegerConstant kConstants[] = {
@@ -51,6 +52,10 @@ const IntegerConstant kConstants[] = {
     {u"vbDefaultButton4", 768},
     {u"vbApplicationModal", 0},
     {u"vbSystemModal", 4096},
+    {u"vbMsgBoxHelpButton", 16384, true},
+    {u"vbMsgBoxSetForeground", 65536, true},
+    {u"vbMsgBoxRight", 524288, true},
+    {u"vbMsgBoxRtlReading", 1048576, true},
     {u"vbOK", 1},
     {u"vbCancel", 2},
     {u"vbAbort", 3},
@@ -75,14 +80,14 @@ const IntegerConstant kConstants[] = {
     {u"vbDecimal", 14},
     {u"vbByte", 17},
     {u"vbArray", 8192},
-    {u"vbBlack", 0x000000},
-    {u"vbRed", 0x0000FF},
-    {u"vbGreen", 0x00FF00},
-    {u"vbYellow", 0x00FFFF},
-    {u"vbBlue", 0xFF0000},
-    {u"vbMagenta", 0xFF00FF},
-    {u"vbCyan", 0xFFFF00},
-    {u"vbWhite", 0xFFFFFF},
+    {u"vbBlack", 0x000000, true},
+    {u"vbRed", 0x0000FF, true},
+    {u"vbGreen", 0x00FF00, true},
+    {u"vbYellow", 0x00FFFF, true},
+    {u"vbBlue", 0xFF0000, true},
+    {u"vbMagenta", 0xFF00FF, true},
+    {u"vbCyan", 0xFFFF00, true},
+    {u"vbWhite", 0xFFFFFF, true},
     {u"vbObjectError", int32_t(0x80040000u)},
 };
 
@@ -90,8 +95,9 @@ const IntegerConstant kConstants[] = {
 
 void registerConstants(ScriptControl& control) {
     for (const IntegerConstant& c : kConstants) {
-        // VBScript's intrinsic constants are Integers where they fit, Longs otherwise.
-        const bool fitsInteger = c.value >= -32768 && c.value <= 32767;
+        // VBScript's intrinsic constants are Integers where they fit, Longs otherwise; the
+        // colours and the MsgBox option flags are always Longs.
+        const bool fitsInteger = !c.isLong && c.value >= -32768 && c.value <= 32767;
         control.registerConstant(c.name, fitsInteger ? Value(int16_t(c.value)) : Value(c.value));
     }
     control.registerConstant(u"vbCr", Value(u"\r"));

@@ -1,8 +1,8 @@
 // Date builtins: Now, Date, Time, Timer, DateAdd, DateDiff, DatePart, DateSerial, Year, ...
-#include "DateText.h"
 #include "Families.h"
 #include "LibSupport.h"
 #include "OleDate.h"
+#include "vbscript/Locale.h"
 
 #include <chrono>
 #include <cmath>
@@ -124,22 +124,28 @@ Value fnWeekday(CallContext&, Args a) {
     return Value(int16_t(weekday(a[0]->toDate(), firstDay)));
 }
 
-Value fnMonthName(CallContext&, Args a) {
+Value fnMonthName(CallContext& ctx, Args a) {
     const int32_t month = a[0]->toLong();
     if (month < 1 || month > 12) invalidCall();
-    return Value(monthName(month, boolArg(a, 1, false)));
+    const Locale& locale = ctx.locale();
+    return Value((boolArg(a, 1, false) ? locale.monthsShort : locale.months)[size_t(month - 1)]);
 }
 
-Value fnWeekdayName(CallContext&, Args a) {
+Value fnWeekdayName(CallContext& ctx, Args a) {
     const int32_t day = a[0]->toLong();
     const bool abbreviate = boolArg(a, 1, false);
     int firstDay = firstDayArg(a, 2);
     if (day < 1 || day > 7) invalidCall();
     if (firstDay == 0) firstDay = 1;
-    return Value(weekdayName((day - 1 + firstDay - 1) % 7 + 1, abbreviate));
+    const Locale& locale = ctx.locale();
+    return Value((abbreviate ? locale.daysShort : locale.days)[size_t((day - 1 + firstDay - 1) % 7)]);
 }
 
 Value fnIsDate(CallContext&, Args a) {
+    // Nothing and objects without a default property are simply not dates.
+    if (a[0]->isObject() && (a[0]->isNothing() || !a[0]->object()->asDispatch()
+                                || a[0]->object()->asDispatch()->defaultMemberId() < 0))
+        return Value(false);
     const Value v = plain(*a[0]);
     if (v.type() == VarType::Date) return Value(true);
     double serial = 0;

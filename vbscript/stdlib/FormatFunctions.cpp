@@ -1,52 +1,74 @@
-// Formatting builtins (en-US): FormatNumber, FormatCurrency, FormatPercent, FormatDateTime,
-// GetLocale, SetLocale.
-#include "DateText.h"
+// Formatting builtins in the engine's locale: FormatNumber, FormatCurrency, FormatPercent,
+// FormatDateTime, and GetLocale, SetLocale.
 #include "Families.h"
 #include "LibSupport.h"
 #include "NumberText.h"
+#include "vbscript/Locale.h"
 
 namespace vbs::lib {
 
 namespace {
 
-constexpr int32_t kEnglishUs = 1033;
-
-NumberFormat formatArgs(Args a) {
+NumberFormat formatArgs(const Locale& locale, Args a) {
     NumberFormat f;
     f.digitsAfterDecimal = int(longArg(a, 1, -1));
     if (f.digitsAfterDecimal < -1 || f.digitsAfterDecimal > 255) invalidCall();
     f.includeLeadingDigit = int(longArg(a, 2, kTristateDefault));
     f.useParensForNegative = int(longArg(a, 3, kTristateDefault));
     f.groupDigits = int(longArg(a, 4, kTristateDefault));
+    f.decimal = locale.decimal;
+    f.group = locale.group;
+    f.currency = locale.currency;
+    f.currencyDigits = locale.currencyDigits;
+    f.currencyPositive = locale.currencyPositive;
+    f.currencyNegative = locale.currencyNegative;
     return f;
 }
 
-template <std::u16string (*F)(double, const NumberFormat&)> Value formatted(CallContext&, Args a) {
-    const NumberFormat f = formatArgs(a);
+template <std::u16string (*F)(double, const NumberFormat&)> Value formatted(CallContext& ctx, Args a) {
+    if (a[0]->isNull()) raise(ErrorCode::TypeMismatch); // Null to format is 13, not 94
+    const NumberFormat f = formatArgs(ctx.locale(), a);
     return Value(F(plain(*a[0]).toDouble(), f));
 }
 
-Value fnFormatDateTime(CallContext&, Args a) {
+// vbGeneralDate is CStr's text; the others are the locale's long and short date and long time,
+// and a 24-hour "hh:mm" for the short time.
+Value fnFormatDateTime(CallContext& ctx, Args a) {
+    if (a[0]->isNull()) raise(ErrorCode::TypeMismatch);
     const long format = longArg(a, 1, 0);
     if (format < 0 || format > 4) invalidCall();
     const double serial = a[0]->toDate();
-    if (format == 0) return Value(Value::formatDate(serial));
-    return Value(formatDate(serial, DateFormat(format)));
+    const Locale& locale = ctx.locale();
+    const vbs::DateParts parts = splitOleDate(serial);
+    switch (format) {
+    case 1: return Value(formatDatePicture(parts, locale.longDate, locale));
+    case 2: return Value(formatDatePicture(parts, locale.shortDate, locale));
+    case 3: return Value(formatDatePicture(parts, locale.longTime, locale));
+    case 4: return Value(formatDatePicture(parts, u"HH:mm", locale));
+    default: return Value(Value::formatDate(serial));
+    }
 }
 
-Value fnGetLocale(CallContext&, Args) {
-    return Value(kEnglishUs);
+Value fnGetLocale(CallContext& ctx, Args) {
+    return Value(ctx.locale().lcid);
 }
 
-// Only en-US exists: 1033, "en-us" and 0 (the system's) are accepted; the previous is returned.
-Value fnSetLocale(CallContext&, Args a) {
+// SetLocale takes a locale id or a tag ("de-de", also as text of the id); 0 or nothing is the
+// system's (en-US here). It returns the locale it replaces.
+Value fnSetLocale(CallContext& ctx, Args a) {
+    const int32_t previous = ctx.locale().lcid;
+    const Locale* next = &englishUs();
     if (given(a, 0)) {
         const Value v = plain(*a[0]);
-        const bool ok = v.isString() ? equalsNoCase(v.str(), u"en-us") || v.str() == u"1033"
-                                     : (v.toLong() == kEnglishUs || v.toLong() == 0);
-        if (!ok) invalidCall();
+        double number = 0;
+        if (v.isString() && !Value::parseNumber(v.str(), number))
+            next = findLocale(std::u16string_view(v.str()));
+        else
+            next = findLocale(v.toLong());
+        if (!next) invalidCall();
     }
-    return Value(kEnglishUs);
+    ctx.setLocale(*next);
+    return Value(previous);
 }
 
 const BuiltinDef kFormatFunctions[] = {

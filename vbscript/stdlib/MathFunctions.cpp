@@ -64,8 +64,9 @@ Value fnRound(CallContext&, Args a) {
     if (v.isNull()) return Value::null();
     switch (v.type()) {
     case VarType::Empty:
-    case VarType::Boolean:
-        return Value(int16_t(v.toInteger()));
+        return Value(int16_t(0));
+    case VarType::Boolean: // a Boolean stays one
+        return v;
     case VarType::Integer:
     case VarType::Long:
     case VarType::Byte:

@@ -1,4 +1,4 @@
-// Numbers as text: decimal rounding, FormatNumber/FormatCurrency/FormatPercent (en-US), Hex, Oct.
+// Numbers as text: decimal rounding, FormatNumber/FormatCurrency/FormatPercent, Hex, Oct.
 #include "NumberText.h"
 
 #include <cmath>
@@ -68,10 +68,10 @@ void roundDecimal(Decimal& d, int decimals, HalfRule rule) {
     }
 }
 
-std::u16string integerPart(const Decimal& d, bool group) {
+std::u16string integerPart(const Decimal& d, bool group, char16_t separator) {
     std::u16string out;
     for (int i = 0; i < d.pointPos; ++i) {
-        if (group && i > 0 && (d.pointPos - i) % 3 == 0) out += u',';
+        if (group && i > 0 && (d.pointPos - i) % 3 == 0) out += separator;
         out += char16_t(u'0' + d.digitAt(i));
     }
     return out;
@@ -82,16 +82,16 @@ struct Formatted {
     bool negative = false;
 };
 
-Formatted formatPlain(double value, const NumberFormat& f) {
-    const int decimals = f.digitsAfterDecimal < 0 ? 2 : f.digitsAfterDecimal;
+Formatted formatPlain(double value, const NumberFormat& f, int defaultDecimals = 2) {
+    const int decimals = f.digitsAfterDecimal < 0 ? defaultDecimals : f.digitsAfterDecimal;
     Decimal d = toDecimal(value);
     roundDecimal(d, decimals, HalfRule::AwayFromZero);
     Formatted out;
     out.negative = d.negative && !d.isZero();
-    out.body = integerPart(d, f.groupDigits != kTristateFalse);
+    out.body = integerPart(d, f.groupDigits != kTristateFalse, f.group);
     if (out.body.empty() && f.includeLeadingDigit != kTristateFalse) out.body.push_back(u'0');
     if (decimals > 0) {
-        out.body.push_back(u'.');
+        out.body.push_back(f.decimal);
         for (int i = 0; i < decimals; ++i)
             out.body.push_back(char16_t(u'0' + d.digitAt(d.pointPos + i)));
     }
@@ -131,11 +131,42 @@ std::u16string formatNumber(double value, const NumberFormat& format) {
     return format.useParensForNegative == kTristateTrue ? u"(" + f.body + u")" : u"-" + f.body;
 }
 
+namespace {
+
+// Windows' currency patterns: "$" stands for the symbol, "N" for the number.
+constexpr std::u16string_view kPositiveCurrency[] = {u"$N", u"N$", u"$ N", u"N $"};
+constexpr std::u16string_view kNegativeCurrency[] = {u"($N)", u"-$N", u"$-N", u"$N-", u"(N$)",
+    u"-N$", u"N-$", u"N$-", u"-N $", u"-$ N", u"N $-", u"$ N-", u"$ -N", u"N- $", u"($ N)",
+    u"(N $)"};
+
+std::u16string applyCurrencyPattern(std::u16string_view pattern, const std::u16string& number,
+                                    std::u16string_view symbol) {
+    std::u16string out;
+    for (char16_t c : pattern) {
+        if (c == u'$') out += symbol;
+        else if (c == u'N') out += number;
+        else out += c;
+    }
+    return out;
+}
+
+bool inParentheses(int negativePattern) {
+    return kNegativeCurrency[size_t(negativePattern)][0] == u'(';
+}
+
+} // namespace
+
 std::u16string formatCurrency(double value, const NumberFormat& format) {
-    const Formatted f = formatPlain(value, format);
-    if (!f.negative) return u"$" + f.body;
-    // en-US shows negative amounts in parentheses unless told otherwise.
-    return format.useParensForNegative == kTristateFalse ? u"-$" + f.body : u"($" + f.body + u")";
+    const Formatted f = formatPlain(value, format, format.currencyDigits);
+    const std::u16string positive =
+        applyCurrencyPattern(kPositiveCurrency[size_t(format.currencyPositive & 3)], f.body,
+                             format.currency);
+    if (!f.negative) return positive;
+    if (format.useParensForNegative == kTristateTrue) return u"(" + positive + u")";
+    const int pattern = format.currencyNegative & 15;
+    // Told not to use parentheses where the locale would: the minus sign goes in front.
+    if (format.useParensForNegative == kTristateFalse && inParentheses(pattern)) return u"-" + positive;
+    return applyCurrencyPattern(kNegativeCurrency[size_t(pattern)], f.body, format.currency);
 }
 
 std::u16string formatPercent(double value, const NumberFormat& format) {

@@ -1,8 +1,9 @@
-// Numbers as text: decimal rounding, FormatNumber/FormatCurrency/FormatPercent (en-US), Hex, Oct.
+// Numbers as text: decimal rounding, FormatNumber/FormatCurrency/FormatPercent, Hex, Oct.
 #pragma once
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace vbs::lib {
 
@@ -12,10 +13,18 @@ inline constexpr int kTristateFalse = 0;
 inline constexpr int kTristateDefault = -2;
 
 struct NumberFormat {
-    int digitsAfterDecimal = -1; // -1: the locale's default (2)
+    int digitsAfterDecimal = -1; // -1: the locale's default (2, an amount its currency's)
     int includeLeadingDigit = kTristateDefault;
     int useParensForNegative = kTristateDefault;
     int groupDigits = kTristateDefault;
+    // How the locale writes numbers and amounts; en-US unless set. The currency patterns are
+    // numbered as Windows numbers them (positive 0 "$1" to 3 "1 $", negative 0 "($1)" to 15).
+    char16_t decimal = u'.';
+    char16_t group = u',';
+    std::u16string_view currency = u"$";
+    int currencyDigits = 2;
+    int currencyPositive = 0;
+    int currencyNegative = 0;
 };
 
 // Round(number, digits): halves go to the even digit, judged on the number's 15 significant

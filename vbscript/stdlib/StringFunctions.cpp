@@ -220,10 +220,12 @@ Value fnJoin(CallContext&, Args a) {
     const String delimiter = stringArg(a, 1, u" ");
     String out;
     bool first = true;
-    for (const Value& item : arrayItems(*a[0])) {
+    // An object is read through its default property (438 without one); Null items do not join.
+    for (const Value& item : arrayItems(plain(*a[0]))) {
         if (!first) out += delimiter;
         first = false;
-        if (!isNullArg(item)) out += item.toString();
+        if (isNullArg(item)) raise(ErrorCode::TypeMismatch);
+        out += item.toString();
     }
     return Value(std::move(out));
 }

@@ -8,5 +8,6 @@ WScript.Echo vbOK & vbCancel & vbYes & vbNo ' expect: 1267
 WScript.Echo vbString & " " & vbArray & " " & vbByte ' expect: 8 8192 17
 WScript.Echo vbTrue & " " & vbFalse & " " & vbUseDefault & " " & TypeName(vbTrue) ' expect: -1 0 -2 Integer
 WScript.Echo vbObjectError & " " & TypeName(vbObjectError) ' expect: -2147221504 Long
-WScript.Echo vbRed & " " & vbWhite ' expect: 255 16777215
+WScript.Echo vbRed & " " & vbWhite & " " & TypeName(vbBlack) ' expect: 255 16777215 Long
+WScript.Echo vbMsgBoxHelpButton & " " & vbMsgBoxSetForeground & " " & vbMsgBoxRight & " " & vbMsgBoxRtlReading & " " & TypeName(vbMsgBoxHelpButton) ' expect: 16384 65536 524288 1048576 Long
 WScript.Echo Len(vbNullString) & " " & Len(vbNullChar) & " " & AscW(vbNullChar) ' expect: 0 1 0

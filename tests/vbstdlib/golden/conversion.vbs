@@ -10,12 +10,13 @@ WScript.Echo TypeName(CCur(1)) ' expect: Currency
 WScript.Echo CDbl("1,234.5") ' expect: 1234.5
 WScript.Echo CSng(1.5) ' expect: 1.5
 WScript.Echo CBool("True") & " " & CBool(0) & " " & CBool(-3) ' expect: True False True
+WScript.Echo CBool("#TRUE#") & " " & CBool("#false#") & " " & (Not "#FALSE#") ' expect: True False True
 WScript.Echo CStr(1.5) & CStr(True) ' expect: 1.5True
 WScript.Echo CDate("1/2/2003") ' expect: 1/2/2003
 WScript.Echo CDate(37623.5) ' expect: 1/2/2003 12:00:00 PM
 WScript.Echo Hex(255) ' expect: FF
 WScript.Echo Hex(-1) ' expect: FFFF
-WScript.Echo Hex(-32768) ' expect: 8000
+WScript.Echo Hex(-32768) & " " & Hex(-32767) ' expect: FFFF8000 8001
 WScript.Echo Hex(-32769) ' expect: FFFF7FFF
 WScript.Echo Hex(CLng(-1)) ' expect: FFFFFFFF
 WScript.Echo Hex(2.5) ' expect: 2

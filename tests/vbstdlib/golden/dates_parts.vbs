@@ -13,6 +13,7 @@ WScript.Echo WeekdayName(1) & " " & WeekdayName(7, True) ' expect: Sunday Sat
 WScript.Echo WeekdayName(1, False, vbMonday) ' expect: Monday
 WScript.Echo IsDate("1/2/2003") & " " & IsDate("2/30/2003") & " " & IsDate("abc") ' expect: True False False
 WScript.Echo IsDate(#1/1/2003#) & " " & IsDate(5) & " " & IsDate("10:30 PM") ' expect: True False True
+WScript.Echo IsDate(Nothing) & " " & IsDate(New RegExp) ' expect: False False
 WScript.Echo TypeName(Now) & " " & TypeName(Date) & " " & TypeName(Time) ' expect: Date Date Date
 WScript.Echo Now - Date < 1 And Now >= Date ' expect: True
 WScript.Echo Int(Date) = Date ' expect: True

@@ -32,8 +32,11 @@ Err.Clear
 x = FormatDateTime(Now, 5)
 WScript.Echo Err.Number ' expect: 5
 Err.Clear
-x = SetLocale(1036)
+x = SetLocale(4242)
 WScript.Echo Err.Number ' expect: 5
 Err.Clear
 x = FormatNumber(1, -2)
 WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = FormatCurrency(Null)
+WScript.Echo Err.Number ' expect: 13

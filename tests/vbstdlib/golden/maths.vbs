@@ -41,3 +41,4 @@ WScript.Echo Err.Number ' expect: 5
 Err.Clear
 x = Abs("abc")
 WScript.Echo Err.Number ' expect: 13
+WScript.Echo TypeName(Round(True)) & " " & TypeName(Round(Empty)) ' expect: Boolean Integer

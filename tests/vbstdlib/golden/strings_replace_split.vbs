@@ -34,5 +34,8 @@ Err.Clear
 x = Join("not an array")
 WScript.Echo Err.Number ' expect: 13
 Err.Clear
+x = Join(Array(1, Null))
+WScript.Echo Err.Number ' expect: 13
+Err.Clear
 x = Replace(Null, "a", "b")
 WScript.Echo Err.Number ' expect: 94

@@ -13,5 +13,8 @@ Set g = New Greeter
 WScript.Echo g("bob")
 Set n = New Named
 WScript.Echo n & "!", "" & n
+' Empty parentheses call the default member; the bare name is the object.
+WScript.Echo TypeName(n()), TypeName(n)
 ' expect: hello bob
 ' expect: named value! named value
+' expect: String Named

@@ -1,8 +1,8 @@
-' A trailing "&" makes a hex or octal literal a Long whatever its value.
+' A trailing "&" reads a hex or octal literal as 32 bits (&HFFFF& is 65535, not -1); the literal
+' is still an Integer when its value fits one.
 WScript.Echo &HFF&, TypeName(&HFF&), &O17&, TypeName(&O17&)
 WScript.Echo &HFFFF&, TypeName(&HFFFF&), &H8000&, TypeName(&H8000&)
-Const big = &HFFFF&
-WScript.Echo big + 1, TypeName(-&HFF&)
-' expect: 255 Long 15 Long
+WScript.Echo &HFFFFFFFF&, TypeName(&HFFFFFFFF&), TypeName(-&HFF&)
+' expect: 255 Integer 15 Integer
 ' expect: 65535 Long 32768 Long
-' expect: 65536 Long
+' expect: -1 Integer Integer

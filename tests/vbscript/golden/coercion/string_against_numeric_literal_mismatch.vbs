@@ -1,3 +1,0 @@
-Dim r
-r = ("abc" = 5)
-' expect runtime error 13 line 2

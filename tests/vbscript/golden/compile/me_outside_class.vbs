@@ -1,2 +1,0 @@
-Me.x = 1
-' expect compile error 1037 line 1
