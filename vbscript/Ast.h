@@ -10,8 +10,16 @@
 
 namespace vbs {
 
+class Engine;
 struct ClassDef;
+struct Expr;
 struct Procedure;
+
+// How the interpreter evaluates a node. The resolver picks an evaluator for the node's shape once
+// names are resolved (a local read in place, an operation on locals and literals with its
+// operator fixed); every node starts with the general one, which handles any shape.
+using EvalFn = Value (*)(Engine&, const Expr*);
+Value evalGeneral(Engine& engine, const Expr* e);
 
 enum class ExprKind : uint8_t {
     Literal,
@@ -40,6 +48,7 @@ struct Expr {
     bool parenthesized = false; // "(x)" as an argument is passed ByVal
     uint16_t depth = 1;
     int line, column;
+    EvalFn evaluate = &evalGeneral;
 };
 using ExprPtr = std::unique_ptr<Expr>;
 

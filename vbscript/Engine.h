@@ -132,10 +132,13 @@ public:
     bool locateRunning(ScriptError& e);
     // The engine running a script on this thread, if any.
     static Engine* running();
+    // The evaluator for a resolved node (InterpreterFast.cpp).
+    static EvalFn evaluatorFor(const Expr& e);
 
 private:
     friend class ClassInstance;
     friend class GlobalScope;
+    struct Fast; // the specialised evaluators
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);
@@ -203,7 +206,9 @@ private:
     void noteError(const ScriptError& e);
 
     // Expressions.
-    Value eval(const Expr* e);
+    Value eval(const Expr* e) { return e->evaluate(*this, e); }
+    friend Value evalGeneral(Engine& engine, const Expr* e);
+    Value evalNode(const Expr* e);
     Value evalBinary(const BinaryExpr* e);
     // A local variable, parameter or literal, read in place; nullptr for anything else.
     const Value* leafValue(const Expr* e) const

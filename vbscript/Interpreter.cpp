@@ -10,32 +10,6 @@ namespace vbs {
 
 namespace {
 
-bool isInt(VarType t)
-{
-    return t == VarType::Integer || t == VarType::Long;
-}
-
-int64_t rawInt(const Value& v)
-{
-    return v.type() == VarType::Integer ? v.rawInteger() : v.rawLong();
-}
-
-Value fitInt(int64_t r, bool bothInteger)
-{
-    if (bothInteger && r >= -32768 && r <= 32767)
-        return Value(int16_t(r));
-    if (r >= INT32_MIN && r <= INT32_MAX)
-        return Value(int32_t(r));
-    return Value(double(r));
-}
-
-Value checkedDouble(double d)
-{
-    if (!std::isfinite(d))
-        raise(ErrorCode::Overflow);
-    return Value(d);
-}
-
 String nameOf(const Expr* e)
 {
     switch (e->kind) {
@@ -58,7 +32,7 @@ String nameOf(const Expr* e)
     throw ScriptError(int32_t(code), errorMessage(code) + u": '" + name + u"'");
 }
 
-Value Engine::eval(const Expr* e)
+Value Engine::evalNode(const Expr* e)
 {
     switch (e->kind) {
     case ExprKind::Literal:
@@ -107,111 +81,6 @@ Value Engine::eval(const Expr* e)
         raise(ErrorCode::InternalError);
     default:
         return evalBinary(static_cast<const BinaryExpr*>(e));
-    }
-}
-
-Value Engine::evalBinary(const BinaryExpr* e)
-{
-    // Locals and literals are read in place; anything else is evaluated into a temporary.
-    // A right side that is not a leaf could change a local read on the left, so the left side
-    // is then copied first.
-    const Expr* le = e->left.get();
-    const Expr* re = e->right.get();
-    Value lTemp, rTemp;
-    const Value* lp;
-    const Value* rp = leafValue(re);
-    if (rp) {
-        lp = leafValue(le);
-        if (!lp) {
-            lTemp = eval(le);
-            lp = &lTemp;
-        }
-    } else {
-        lTemp = eval(le);
-        lp = &lTemp;
-        rTemp = eval(re);
-        rp = &rTemp;
-    }
-    const Value& l = *lp;
-    const Value& r = *rp;
-    m_frame->node = e;
-    const VarType lt = l.type(), rt = r.type();
-    if (isInt(lt) && isInt(rt)) {
-        const int64_t x = rawInt(l), y = rawInt(r);
-        const bool bothInteger = lt == VarType::Integer && rt == VarType::Integer;
-        switch (e->kind) {
-        case ExprKind::Add: return fitInt(x + y, bothInteger);
-        case ExprKind::Sub: return fitInt(x - y, bothInteger);
-        case ExprKind::Mul: return fitInt(x * y, bothInteger);
-        case ExprKind::Eq: return Value(x == y);
-        case ExprKind::Ne: return Value(x != y);
-        case ExprKind::Lt: return Value(x < y);
-        case ExprKind::Gt: return Value(x > y);
-        case ExprKind::Le: return Value(x <= y);
-        case ExprKind::Ge: return Value(x >= y);
-        case ExprKind::Mod:
-            if (y == 0)
-                raise(ErrorCode::DivisionByZero);
-            return fitInt(x % y, bothInteger);
-        case ExprKind::IntDiv:
-            if (y == 0)
-                raise(ErrorCode::DivisionByZero);
-            return fitInt(x / y, bothInteger);
-        case ExprKind::Div:
-            if (y == 0)
-                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
-            return Value(double(x) / double(y));
-        default:
-            break;
-        }
-    } else if ((lt == VarType::Double || isInt(lt)) && (rt == VarType::Double || isInt(rt))) {
-        // At least one Double: the result is a Double (or a comparison).
-        const double x = lt == VarType::Double ? l.rawDouble() : double(rawInt(l));
-        const double y = rt == VarType::Double ? r.rawDouble() : double(rawInt(r));
-        switch (e->kind) {
-        case ExprKind::Add: return checkedDouble(x + y);
-        case ExprKind::Sub: return checkedDouble(x - y);
-        case ExprKind::Mul: return checkedDouble(x * y);
-        case ExprKind::Div:
-            if (y == 0)
-                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
-            return checkedDouble(x / y);
-        case ExprKind::Lt: return Value(x < y);
-        case ExprKind::Gt: return Value(x > y);
-        case ExprKind::Le: return Value(x <= y);
-        case ExprKind::Ge: return Value(x >= y);
-        case ExprKind::Eq: return Value(x == y);
-        case ExprKind::Ne: return Value(x != y);
-        default: break;
-        }
-    }
-    switch (e->kind) {
-    case ExprKind::Add: return ops::add(l, r);
-    case ExprKind::Sub: return ops::sub(l, r);
-    case ExprKind::Mul: return ops::mul(l, r);
-    case ExprKind::Div: return ops::div(l, r);
-    case ExprKind::IntDiv: return ops::intDiv(l, r);
-    case ExprKind::Mod: return ops::mod(l, r);
-    case ExprKind::Pow: return ops::pow(l, r);
-    case ExprKind::Concat: return ops::concat(l, r);
-    case ExprKind::And: return ops::logicAnd(l, r);
-    case ExprKind::Or: return ops::logicOr(l, r);
-    case ExprKind::Xor: return ops::logicXor(l, r);
-    case ExprKind::Eqv: return ops::logicEqv(l, r);
-    case ExprKind::Imp: return ops::logicImp(l, r);
-    case ExprKind::Is: return Value(ops::same(l, r));
-    default: break;
-    }
-    const int c = ops::compare(l, r, e->leftLiteral, e->rightLiteral);
-    if (c == ops::kCompareNull)
-        return Value::null();
-    switch (e->kind) {
-    case ExprKind::Eq: return Value(c == 0);
-    case ExprKind::Ne: return Value(c != 0);
-    case ExprKind::Lt: return Value(c < 0);
-    case ExprKind::Gt: return Value(c > 0);
-    case ExprKind::Le: return Value(c <= 0);
-    default: return Value(c >= 0);
     }
 }
 

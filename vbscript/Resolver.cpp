@@ -236,6 +236,12 @@ private:
 
     void resolveExpr(Expr* e, bool asCall = false)
     {
+        resolveNode(e, asCall);
+        e->evaluate = Engine::evaluatorFor(*e);
+    }
+
+    void resolveNode(Expr* e, bool asCall)
+    {
         switch (e->kind) {
         case ExprKind::Name:
             resolveName(static_cast<NameExpr*>(e), asCall);

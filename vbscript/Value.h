@@ -197,14 +197,18 @@ public:
 
 private:
     static constexpr VarType kArrayTag = VarType(0x200C);
+    // Numbers, Empty and Null sort below String: one comparison lets them through.
+    static bool holdsNoReference(VarType t) noexcept { return t < VarType::String; }
     void retain() const noexcept
     {
+        if (holdsNoReference(m_type)) return;
         if (m_type == VarType::String) ++m_u.s->refs;
         else if (m_type == VarType::Object) { if (m_u.o) m_u.o->addRef(); }
         else if (m_type == kArrayTag) ++m_u.a->refs;
     }
     void releaseRef() noexcept
     {
+        if (holdsNoReference(m_type)) return;
         if (m_type == VarType::String) { if (--m_u.s->refs == 0) delete m_u.s; }
         else if (m_type == VarType::Object) { if (m_u.o) m_u.o->release(); }
         else if (m_type == kArrayTag) releaseArray();

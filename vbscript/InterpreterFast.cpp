@@ -1,0 +1,261 @@
+// Interpreter: binary operators, and evaluators specialised by node shape.
+//
+// The resolver asks evaluatorFor() for each node once its names are resolved. A local, a
+// parameter or a literal is then read without going through the general switch, and an
+// arithmetic or comparison node gets a function with its operator and the kinds of its operands
+// fixed, whose Integer, Long and Double cases run inline. Everything else, and every case the
+// inline code does not take, goes through the same general operators (Operators.cpp) as before.
+#include "Engine.h"
+
+#include "Operators.h"
+
+#include <cmath>
+#include <type_traits>
+
+namespace vbs {
+
+namespace {
+
+bool isInt(VarType t)
+{
+    return t == VarType::Integer || t == VarType::Long;
+}
+
+int64_t rawInt(const Value& v)
+{
+    return v.type() == VarType::Integer ? v.rawInteger() : v.rawLong();
+}
+
+// Integer op Integer stays Integer while it fits, then Long, then Double (never an error).
+Value fitInt(int64_t r, bool bothInteger)
+{
+    if (bothInteger && r >= -32768 && r <= 32767)
+        return Value(int16_t(r));
+    if (r >= INT32_MIN && r <= INT32_MAX)
+        return Value(int32_t(r));
+    return Value(double(r));
+}
+
+Value checkedDouble(double d)
+{
+    if (!std::isfinite(d))
+        raise(ErrorCode::Overflow);
+    return Value(d);
+}
+
+// What the operators do past the Integer, Long and Double cases.
+[[gnu::noinline]] Value generalBinary(const BinaryExpr* e, const Value& l, const Value& r)
+{
+    switch (e->kind) {
+    case ExprKind::Add: return ops::add(l, r);
+    case ExprKind::Sub: return ops::sub(l, r);
+    case ExprKind::Mul: return ops::mul(l, r);
+    case ExprKind::Div: return ops::div(l, r);
+    case ExprKind::IntDiv: return ops::intDiv(l, r);
+    case ExprKind::Mod: return ops::mod(l, r);
+    case ExprKind::Pow: return ops::pow(l, r);
+    case ExprKind::Concat: return ops::concat(l, r);
+    case ExprKind::And: return ops::logicAnd(l, r);
+    case ExprKind::Or: return ops::logicOr(l, r);
+    case ExprKind::Xor: return ops::logicXor(l, r);
+    case ExprKind::Eqv: return ops::logicEqv(l, r);
+    case ExprKind::Imp: return ops::logicImp(l, r);
+    case ExprKind::Is: return Value(ops::same(l, r));
+    default: break;
+    }
+    const int c = ops::compare(l, r, e->leftLiteral, e->rightLiteral);
+    if (c == ops::kCompareNull)
+        return Value::null();
+    switch (e->kind) {
+    case ExprKind::Eq: return Value(c == 0);
+    case ExprKind::Ne: return Value(c != 0);
+    case ExprKind::Lt: return Value(c < 0);
+    case ExprKind::Gt: return Value(c > 0);
+    case ExprKind::Le: return Value(c <= 0);
+    default: return Value(c >= 0);
+    }
+}
+
+// l op r for an operator known at compile time: Integer and Long operands in 64 bits, Double
+// (with an Integer or Long) in double precision, anything else through generalBinary.
+// The operators with Integer, Long and Double cases of their own; the others share one set of
+// evaluators (kOtherOperator) that goes straight to generalBinary.
+constexpr bool hasNumberCases(ExprKind k)
+{
+    return k >= ExprKind::Add && k <= ExprKind::Ge && k != ExprKind::Pow && k != ExprKind::Concat
+        && k != ExprKind::Is;
+}
+constexpr ExprKind kOtherOperator = ExprKind::Concat;
+
+template <ExprKind K>
+[[gnu::always_inline]] inline Value applyBinary(const BinaryExpr* e, const Value& l, const Value& r)
+{
+    if constexpr (!hasNumberCases(K))
+        return generalBinary(e, l, r);
+    const VarType lt = l.type(), rt = r.type();
+    if (isInt(lt) && isInt(rt)) {
+        const int64_t x = rawInt(l), y = rawInt(r);
+        const bool bothInteger = lt == VarType::Integer && rt == VarType::Integer;
+        if constexpr (K == ExprKind::Add) return fitInt(x + y, bothInteger);
+        if constexpr (K == ExprKind::Sub) return fitInt(x - y, bothInteger);
+        if constexpr (K == ExprKind::Mul) return fitInt(x * y, bothInteger);
+        if constexpr (K == ExprKind::Eq) return Value(x == y);
+        if constexpr (K == ExprKind::Ne) return Value(x != y);
+        if constexpr (K == ExprKind::Lt) return Value(x < y);
+        if constexpr (K == ExprKind::Gt) return Value(x > y);
+        if constexpr (K == ExprKind::Le) return Value(x <= y);
+        if constexpr (K == ExprKind::Ge) return Value(x >= y);
+        if constexpr (K == ExprKind::Mod || K == ExprKind::IntDiv) {
+            if (y == 0)
+                raise(ErrorCode::DivisionByZero);
+            return fitInt(K == ExprKind::Mod ? x % y : x / y, bothInteger);
+        }
+        if constexpr (K == ExprKind::Div) {
+            if (y == 0)
+                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
+            return Value(double(x) / double(y));
+        }
+    } else if ((lt == VarType::Double || isInt(lt)) && (rt == VarType::Double || isInt(rt))) {
+        // At least one Double: the result is a Double (or a comparison).
+        const double x = lt == VarType::Double ? l.rawDouble() : double(rawInt(l));
+        const double y = rt == VarType::Double ? r.rawDouble() : double(rawInt(r));
+        if constexpr (K == ExprKind::Add) return checkedDouble(x + y);
+        if constexpr (K == ExprKind::Sub) return checkedDouble(x - y);
+        if constexpr (K == ExprKind::Mul) return checkedDouble(x * y);
+        if constexpr (K == ExprKind::Div) {
+            if (y == 0)
+                raise(x == 0 ? ErrorCode::Overflow : ErrorCode::DivisionByZero);
+            return checkedDouble(x / y);
+        }
+        if constexpr (K == ExprKind::Lt) return Value(x < y);
+        if constexpr (K == ExprKind::Gt) return Value(x > y);
+        if constexpr (K == ExprKind::Le) return Value(x <= y);
+        if constexpr (K == ExprKind::Ge) return Value(x >= y);
+        if constexpr (K == ExprKind::Eq) return Value(x == y);
+        if constexpr (K == ExprKind::Ne) return Value(x != y);
+    }
+    return generalBinary(e, l, r);
+}
+
+} // namespace
+
+Value evalGeneral(Engine& engine, const Expr* e)
+{
+    return engine.evalNode(e);
+}
+
+struct Engine::Fast {
+    // Operand shapes. A local, a ByRef parameter or a literal is read in place; anything else is
+    // evaluated into the caller's temporary.
+    struct LocalOperand {
+        static const Value& get(Engine& en, const Expr* e, Value&)
+        {
+            return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+        }
+    };
+    struct RefOperand {
+        static const Value& get(Engine& en, const Expr* e, Value&)
+        {
+            return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+        }
+    };
+    struct LiteralOperand {
+        static const Value& get(Engine&, const Expr* e, Value&)
+        {
+            return static_cast<const LiteralExpr*>(e)->value;
+        }
+    };
+    struct AnyOperand {
+        static const Value& get(Engine& en, const Expr* e, Value& temp)
+        {
+            temp = en.eval(e);
+            return temp;
+        }
+    };
+
+    static Value literal(Engine&, const Expr* e) { return static_cast<const LiteralExpr*>(e)->value; }
+    static Value local(Engine& en, const Expr* e) { return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot]; }
+    static Value refParam(Engine& en, const Expr* e) { return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot]; }
+
+    // l op r. A right side that is not read in place could change a variable the left side
+    // reads, so the left side is then copied first.
+    template <ExprKind K, class L, class R>
+    static Value binary(Engine& en, const Expr* e)
+    {
+        const auto* b = static_cast<const BinaryExpr*>(e);
+        if constexpr (std::is_same_v<R, AnyOperand>) {
+            const Value l = en.eval(b->left.get());
+            const Value r = en.eval(b->right.get());
+            en.m_frame->node = e;
+            return applyBinary<K>(b, l, r);
+        } else if constexpr (std::is_same_v<L, AnyOperand>) {
+            const Value l = en.eval(b->left.get());
+            Value unused;
+            const Value& r = R::get(en, b->right.get(), unused);
+            en.m_frame->node = e;
+            return applyBinary<K>(b, l, r);
+        } else {
+            Value unused;
+            const Value& l = L::get(en, b->left.get(), unused);
+            const Value& r = R::get(en, b->right.get(), unused);
+            en.m_frame->node = e;
+            return applyBinary<K>(b, l, r);
+        }
+    }
+
+    template <ExprKind K, class L>
+    static EvalFn binaryFor(const Expr* right)
+    {
+        switch (right->kind) {
+        case ExprKind::Local: return &binary<K, L, LocalOperand>;
+        case ExprKind::RefParam: return &binary<K, L, RefOperand>;
+        case ExprKind::Literal: return &binary<K, L, LiteralOperand>;
+        default: return &binary<K, AnyOperand, AnyOperand>;
+        }
+    }
+
+    template <ExprKind K>
+    static EvalFn binaryFor(const BinaryExpr& b)
+    {
+        switch (b.left->kind) {
+        case ExprKind::Local: return binaryFor<K, LocalOperand>(b.right.get());
+        case ExprKind::RefParam: return binaryFor<K, RefOperand>(b.right.get());
+        case ExprKind::Literal: return binaryFor<K, LiteralOperand>(b.right.get());
+        default: return binaryFor<K, AnyOperand>(b.right.get());
+        }
+    }
+};
+
+// The general evaluator's binary operators: operands read in place when they are locals,
+// parameters or literals, as the specialised evaluators do.
+Value Engine::evalBinary(const BinaryExpr* e)
+{
+    return evaluatorFor(*e)(*this, e);
+}
+
+EvalFn Engine::evaluatorFor(const Expr& e)
+{
+    switch (e.kind) {
+    case ExprKind::Literal: return &Fast::literal;
+    case ExprKind::Local: return &Fast::local;
+    case ExprKind::RefParam: return &Fast::refParam;
+    case ExprKind::Add: return Fast::binaryFor<ExprKind::Add>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Sub: return Fast::binaryFor<ExprKind::Sub>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Mul: return Fast::binaryFor<ExprKind::Mul>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Div: return Fast::binaryFor<ExprKind::Div>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::IntDiv: return Fast::binaryFor<ExprKind::IntDiv>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Mod: return Fast::binaryFor<ExprKind::Mod>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Eq: return Fast::binaryFor<ExprKind::Eq>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Ne: return Fast::binaryFor<ExprKind::Ne>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Lt: return Fast::binaryFor<ExprKind::Lt>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Gt: return Fast::binaryFor<ExprKind::Gt>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Le: return Fast::binaryFor<ExprKind::Le>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Ge: return Fast::binaryFor<ExprKind::Ge>(static_cast<const BinaryExpr&>(e));
+    case ExprKind::Pow: case ExprKind::Concat: case ExprKind::And: case ExprKind::Or:
+    case ExprKind::Xor: case ExprKind::Eqv: case ExprKind::Imp: case ExprKind::Is:
+        return Fast::binaryFor<kOtherOperator>(static_cast<const BinaryExpr&>(e));
+    default: return &evalGeneral;
+    }
+}
+
+} // namespace vbs
