@@ -21,6 +21,14 @@ struct Procedure;
 using EvalFn = Value (*)(Engine&, const Expr*);
 Value evalGeneral(Engine& engine, const Expr* e);
 
+// How a statement ends: normally, or leaving its Do, For or procedure.
+enum class Flow : uint8_t { Normal, ExitDo, ExitFor, ExitProc };
+struct Stmt;
+// How the interpreter runs a statement, picked the same way (a plain assignment to a local
+// skips the general one's tests).
+using ExecFn = Flow (*)(Engine&, const Stmt*);
+Flow execGeneral(Engine& engine, const Stmt* s);
+
 enum class ExprKind : uint8_t {
     Literal,
     Name,       // an identifier; the resolver turns it into one of the next six
@@ -114,6 +122,7 @@ struct Stmt {
     virtual ~Stmt() = default;
     StmtKind kind;
     int line, column;
+    ExecFn run = &execGeneral;
 };
 using StmtPtr = std::unique_ptr<Stmt>;
 using Block = std::vector<StmtPtr>;

@@ -73,8 +73,6 @@ struct Frame {
     int chunk = 0;
 };
 
-enum class Flow : uint8_t { Normal, ExitDo, ExitFor, ExitProc };
-
 class Engine {
 public:
     explicit Engine(ScriptControl& control);
@@ -132,8 +130,10 @@ public:
     bool locateRunning(ScriptError& e);
     // The engine running a script on this thread, if any.
     static Engine* running();
-    // The evaluator for a resolved node (InterpreterFast.cpp).
+    // The evaluator for a resolved node and the executor for a resolved statement
+    // (InterpreterFast.cpp).
     static EvalFn evaluatorFor(const Expr& e);
+    static ExecFn executorFor(const Stmt& s);
 
 private:
     friend class ClassInstance;
@@ -170,6 +170,7 @@ private:
     // Statements.
     Flow execBlock(const Block& block);
     Flow exec(const Stmt* s);
+    friend Flow execGeneral(Engine& engine, const Stmt* s);
     [[gnu::noinline]] void statementFailed(const Stmt* s);
     enum class Cond : uint8_t { False, True, Failed };
     template <class Fn>

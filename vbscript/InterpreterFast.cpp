@@ -16,18 +16,18 @@ namespace vbs {
 
 namespace {
 
-bool isInt(VarType t)
+inline bool isInt(VarType t)
 {
     return t == VarType::Integer || t == VarType::Long;
 }
 
-int64_t rawInt(const Value& v)
+inline int64_t rawInt(const Value& v)
 {
     return v.type() == VarType::Integer ? v.rawInteger() : v.rawLong();
 }
 
 // Integer op Integer stays Integer while it fits, then Long, then Double (never an error).
-Value fitInt(int64_t r, bool bothInteger)
+[[gnu::always_inline]] inline Value fitInt(int64_t r, bool bothInteger)
 {
     if (bothInteger && r >= -32768 && r <= 32767)
         return Value(int16_t(r));
@@ -36,7 +36,7 @@ Value fitInt(int64_t r, bool bothInteger)
     return Value(double(r));
 }
 
-Value checkedDouble(double d)
+[[gnu::always_inline]] inline Value checkedDouble(double d)
 {
     if (!std::isfinite(d))
         raise(ErrorCode::Overflow);
@@ -145,33 +145,27 @@ Value evalGeneral(Engine& engine, const Expr* e)
 }
 
 struct Engine::Fast {
-    // Operand shapes. A local, a ByRef parameter or a literal is read in place; anything else is
-    // evaluated into the caller's temporary.
+    // Operand shapes read in place: a local, a ByRef parameter, a literal. Any other operand is
+    // evaluated into a temporary (AnyOperand).
     struct LocalOperand {
-        static const Value& get(Engine& en, const Expr* e, Value&)
+        static const Value& get(Engine& en, const Expr* e)
         {
             return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot];
         }
     };
     struct RefOperand {
-        static const Value& get(Engine& en, const Expr* e, Value&)
+        static const Value& get(Engine& en, const Expr* e)
         {
             return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot];
         }
     };
     struct LiteralOperand {
-        static const Value& get(Engine&, const Expr* e, Value&)
+        static const Value& get(Engine&, const Expr* e)
         {
             return static_cast<const LiteralExpr*>(e)->value;
         }
     };
-    struct AnyOperand {
-        static const Value& get(Engine& en, const Expr* e, Value& temp)
-        {
-            temp = en.eval(e);
-            return temp;
-        }
-    };
+    struct AnyOperand {};
 
     static Value literal(Engine&, const Expr* e) { return static_cast<const LiteralExpr*>(e)->value; }
     static Value local(Engine& en, const Expr* e) { return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot]; }
@@ -190,17 +184,74 @@ struct Engine::Fast {
             return applyBinary<K>(b, l, r);
         } else if constexpr (std::is_same_v<L, AnyOperand>) {
             const Value l = en.eval(b->left.get());
-            Value unused;
-            const Value& r = R::get(en, b->right.get(), unused);
+            const Value& r = R::get(en, b->right.get());
             en.m_frame->node = e;
             return applyBinary<K>(b, l, r);
         } else {
-            Value unused;
-            const Value& l = L::get(en, b->left.get(), unused);
-            const Value& r = R::get(en, b->right.get(), unused);
+            const Value& l = L::get(en, b->left.get());
+            const Value& r = R::get(en, b->right.get());
             en.m_frame->node = e;
             return applyBinary<K>(b, l, r);
         }
+    }
+
+    // Statements.
+    static Flow callStatement(Engine& en, const Stmt* s)
+    {
+        en.evalCall(static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get()), true);
+        return Flow::Normal;
+    }
+    // x = value for a local or global variable: the value replaces what the variable holds
+    // unless one of them is an object (a default property may take the value).
+    static Flow assignLocal(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        Value v = en.eval(a->value.get());
+        if (!v.isObject()) {
+            Value& var = en.m_frame->vars[static_cast<const NameExpr*>(a->target.get())->slot];
+            if (!var.isObject()) {
+                var = std::move(v);
+                return Flow::Normal;
+            }
+        }
+        en.assignTo(a->target.get(), std::move(v), false);
+        return Flow::Normal;
+    }
+    static Flow assignGlobal(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        Value v = en.eval(a->value.get());
+        if (!v.isObject()) {
+            GlobalSlot& g = en.global(static_cast<const NameExpr*>(a->target.get())->slot);
+            if (g.kind == GlobalSlot::Kind::Variable && !g.value.isObject()) {
+                g.value = std::move(v);
+                return Flow::Normal;
+            }
+        }
+        en.assignTo(a->target.get(), std::move(v), false);
+        return Flow::Normal;
+    }
+    static Flow appendAssign(Engine& en, const Stmt* s)
+    {
+        en.appendToTarget(static_cast<const AssignStmt*>(s));
+        return Flow::Normal;
+    }
+    static Flow ifStatement(Engine& en, const Stmt* s) { return en.execIf(static_cast<const IfStmt*>(s)); }
+    static Flow forStatement(Engine& en, const Stmt* s) { return en.execFor(static_cast<const ForStmt*>(s)); }
+    static Flow doStatement(Engine& en, const Stmt* s) { return en.execDo(static_cast<const DoStmt*>(s)); }
+
+    static ExecFn assignmentFor(const AssignStmt& a)
+    {
+        const ExprKind t = a.target->kind;
+        if (a.isMid || (t == ExprKind::Call && !a.isSet))
+            return &execGeneral;
+        if (a.appendsToTarget && a.appendPieces.size() <= 4)
+            return &appendAssign;
+        if (!a.isSet && t == ExprKind::Local)
+            return &assignLocal;
+        if (!a.isSet && t == ExprKind::Global)
+            return &assignGlobal;
+        return &execGeneral;
     }
 
     template <ExprKind K, class L>
@@ -255,6 +306,18 @@ EvalFn Engine::evaluatorFor(const Expr& e)
     case ExprKind::Xor: case ExprKind::Eqv: case ExprKind::Imp: case ExprKind::Is:
         return Fast::binaryFor<kOtherOperator>(static_cast<const BinaryExpr&>(e));
     default: return &evalGeneral;
+    }
+}
+
+ExecFn Engine::executorFor(const Stmt& s)
+{
+    switch (s.kind) {
+    case StmtKind::Call: return &Fast::callStatement;
+    case StmtKind::Assign: return Fast::assignmentFor(static_cast<const AssignStmt&>(s));
+    case StmtKind::If: return &Fast::ifStatement;
+    case StmtKind::For: return &Fast::forStatement;
+    case StmtKind::Do: return &Fast::doStatement;
+    default: return &execGeneral;
     }
 }
 

@@ -21,7 +21,7 @@ Flow Engine::execBlock(const Block& block)
         m_frame->stmt = s;
         tick();
         try {
-            const Flow f = exec(s);
+            const Flow f = s->run(*this, s);
             if (f != Flow::Normal)
                 return f;
         } catch (...) {
@@ -64,6 +64,11 @@ void Engine::statementFailed(const Stmt* s)
             throw e;
         noteError(e);
     }
+}
+
+Flow execGeneral(Engine& engine, const Stmt* s)
+{
+    return engine.exec(s);
 }
 
 Flow Engine::exec(const Stmt* s)

@@ -289,6 +289,12 @@ private:
 
     void resolveStmt(Stmt* s)
     {
+        resolveStmtNode(s);
+        s->run = Engine::executorFor(*s);
+    }
+
+    void resolveStmtNode(Stmt* s)
+    {
         switch (s->kind) {
         case StmtKind::Call:
             resolveExpr(static_cast<CallStmt*>(s)->call.get(), true);
