@@ -80,6 +80,11 @@ struct CallExpr : Expr {
     ExprPtr target;
     std::vector<ExprPtr> args; // nullptr for an omitted argument
     bool parens = true;
+    // Set by the resolver: no argument is omitted or could be an array item passed by
+    // reference (an unparenthesized call), and there are at most kMaxDirectArgs, so a script
+    // procedure can take them without the general argument list.
+    static constexpr size_t kMaxDirectArgs = 6;
+    bool directArgs = false;
 };
 
 struct MemberExpr : Expr {

@@ -192,6 +192,8 @@ std::shared_ptr<Program> Engine::compile(std::u16string_view code, bool expressi
         e.compileTime = true;
         throw;
     }
+    // Programs that define procedures or classes stay here until reset(), so that a call never
+    // outlives the code it runs even when ExecuteGlobal redefines its procedure meanwhile.
     if (!program->procedures.empty() || !program->classes.empty() || stored)
         m_programs.push_back(program);
     for (auto& p : program->procedures)
@@ -275,12 +277,6 @@ void Engine::locate(ScriptError& e, int line, int column, const Stmt* stmt)
     e.column = column;
 }
 
-void Engine::checkStack()
-{
-    char probe;
-    if (size_t(m_stackBase - &probe) > m_stackBudget || m_depth > 20000)
-        raise(ErrorCode::OutOfStackSpace);
-}
 
 namespace {
 thread_local Engine* t_running = nullptr;

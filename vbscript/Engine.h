@@ -118,6 +118,8 @@ public:
 
     // Interpreter (Interpreter*.cpp).
     Value callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args);
+    Value runProcedure(Procedure* proc, ClassInstance* me, Value* const* args);
+    Value callDirect(Procedure* proc, const CallExpr* c);
     Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
     void runTerminate(ClassInstance* instance) noexcept;
     // Arrays and default members, shared with ClassInstance.
@@ -165,7 +167,12 @@ private:
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
     void growFrame(Frame& frame);
-    void checkStack();
+    void checkStack()
+    {
+        char probe;
+        if (size_t(m_stackBase - &probe) > m_stackBudget || m_depth > 20000)
+            raise(ErrorCode::OutOfStackSpace);
+    }
 
     // Statements.
     Flow execBlock(const Block& block);

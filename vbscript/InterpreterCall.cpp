@@ -8,50 +8,64 @@ namespace vbs {
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
 
 // Argument pointers for one call. Temporaries of small calls live in raw storage on the
-// native stack and are constructed only for the arguments that need one.
+// native stack and are constructed only for the arguments that need one; calls with more
+// arguments, and array items passed by reference, use storage made on demand.
 struct Engine::ArgList {
     static constexpr size_t kInline = 6;
+    struct Extra {
+        std::unique_ptr<Value[]> temps;
+        std::unique_ptr<Value*[]> ptrs;
+        std::vector<Value> lockedArrays; // arrays whose items are passed by reference
+        ~Extra()
+        {
+            for (auto& a : lockedArrays)
+                --a.array()->locks;
+        }
+    };
     alignas(Value) unsigned char raw[kInline * sizeof(Value)];
     Value* inlinePtrs[kInline];
     uint32_t built = 0; // which inline temporaries exist
-    std::unique_ptr<Value[]> heapTemps;
-    std::unique_ptr<Value*[]> heapPtrs;
     Value** ptrs = inlinePtrs;
     size_t count = 0;
+    std::unique_ptr<Extra> extra;
 
     ArgList() = default;
     ArgList(const ArgList&) = delete;
     ArgList& operator=(const ArgList&) = delete;
-    std::vector<Value> lockedArrays; // arrays whose items are passed by reference
 
     ~ArgList()
     {
         for (size_t i = 0; built; ++i, built >>= 1)
             if (built & 1)
                 reinterpret_cast<Value*>(raw)[i].~Value();
-        for (auto& a : lockedArrays)
-            --a.array()->locks;
+    }
+    Extra& more()
+    {
+        if (!extra)
+            extra = std::make_unique<Extra>();
+        return *extra;
     }
     // Keeps the array alive and locked (no ReDim, no Erase) while a pointer to its item is out.
     void lock(const Value& array)
     {
-        lockedArrays.push_back(array);
+        more().lockedArrays.push_back(array);
         ++array.array()->locks;
     }
     void reserve(size_t n)
     {
         if (n > kInline) {
-            heapTemps.reset(new Value[n]);
-            heapPtrs.reset(new Value*[n]);
-            ptrs = heapPtrs.get();
+            Extra& x = more();
+            x.temps.reset(new Value[n]);
+            x.ptrs.reset(new Value*[n]);
+            ptrs = x.ptrs.get();
         }
         count = n;
     }
     void setTemp(size_t i, Value v)
     {
-        if (heapTemps) {
-            heapTemps[i] = std::move(v);
-            ptrs[i] = &heapTemps[i];
+        if (ptrs != inlinePtrs) {
+            extra->temps[i] = std::move(v);
+            ptrs[i] = &extra->temps[i];
         } else {
             Value* slot = reinterpret_cast<Value*>(raw) + i;
             new (slot) Value(std::move(v));
@@ -71,6 +85,10 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Expr* owner, ArgLi
         const Expr* a = args[i].get();
         if (!a) {
             out.setTemp(i, Value::missing());
+            continue;
+        }
+        if (a->kind == ExprKind::Local && !a->parenthesized) {
+            out.ptrs[i] = &m_frame->vars[static_cast<const NameExpr*>(a)->slot];
             continue;
         }
         if (!a->parenthesized) {
@@ -174,8 +192,9 @@ Value Engine::callGlobal(GlobalSlot& g, const CallExpr* c, bool statement)
     ArgList args;
     switch (g.kind) {
     case Kind::Procedure: {
+        // ExecuteGlobal may replace g.program while the procedure runs; the engine's list of
+        // programs keeps the old one alive until reset().
         Procedure* proc = g.proc;
-        std::shared_ptr<Program> keep = g.program; // ExecuteGlobal may replace it while it runs
         evalArgs(c->args, c, args);
         return callProcedure(proc, nullptr, args.span());
     }
@@ -266,59 +285,6 @@ Value Engine::indexValue(const Value& v, std::span<Value*> args, bool statement,
     if (args.empty())
         return v;
     raise(ErrorCode::TypeMismatch);
-}
-
-Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
-{
-    if (args.size() != proc->params.size())
-        raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
-    if (m_entryDepth == 0) {
-        // Called from outside (a host holding a script object, a terminating object).
-        Entry entry(*this);
-        return callProcedure(proc, me, args);
-    }
-    checkStack();
-    tick();
-    const size_t n = size_t(proc->localCount), np = proc->params.size();
-    if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
-        raise(ErrorCode::OutOfStackSpace);
-    Frame frame;
-    frame.proc = proc;
-    frame.vars = &m_stack[m_sp];
-    frame.size = n;
-    frame.refs = &m_refStack[m_rsp];
-    frame.me = me;
-    frame.chunk = proc->chunk;
-    for (size_t i = 0; i < np; ++i) {
-        if (proc->params[i].byRef)
-            frame.refs[i] = args[i];
-        else
-            frame.vars[i] = *args[i];
-    }
-    m_sp += n;
-    m_rsp += np;
-    ++m_depth;
-    Frame* saved = m_frame;
-    m_frame = &frame;
-    struct Cleanup {
-        Engine& e;
-        Frame& f;
-        Frame* saved;
-        size_t np;
-        ~Cleanup()
-        {
-            e.m_frame = saved;
-            for (size_t i = 0; i < f.size; ++i)
-                f.vars[i].clear();
-            e.m_sp -= f.size;
-            e.m_rsp -= np;
-            --e.m_depth;
-        }
-    } cleanup{*this, frame, saved, np};
-    execBlock(proc->body);
-    if (proc->resultSlot >= 0)
-        return std::move(frame.vars[proc->resultSlot]);
-    return {};
 }
 
 // Plain assignment replaces what a variable holds, whatever it holds, except for a host object

@@ -249,9 +249,13 @@ private:
         case ExprKind::Call: {
             auto* c = static_cast<CallExpr*>(e);
             resolveExpr(c->target.get(), asCall || c->parens || !c->args.empty());
-            for (auto& a : c->args)
+            c->directArgs = c->args.size() <= CallExpr::kMaxDirectArgs;
+            for (auto& a : c->args) {
                 if (a)
                     resolveExpr(a.get());
+                if (!a || (a->kind == ExprKind::Call && !a->parenthesized))
+                    c->directArgs = false;
+            }
             return;
         }
         case ExprKind::Member:

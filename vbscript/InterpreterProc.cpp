@@ -1,0 +1,121 @@
+// Interpreter: calls of script procedures and their frames.
+#include "Engine.h"
+
+namespace vbs {
+
+[[noreturn]] void raiseNamed(ErrorCode code, const String& name);
+
+Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
+{
+    if (args.size() != proc->params.size())
+        raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
+    if (m_entryDepth == 0) {
+        // Called from outside (a host holding a script object, a terminating object).
+        Entry entry(*this);
+        return callProcedure(proc, me, args);
+    }
+    return runProcedure(proc, me, args.data());
+}
+
+// Runs proc in a new frame on the value stack. args holds one pointer per parameter: a ByRef
+// parameter refers to it, a ByVal one copies it.
+Value Engine::runProcedure(Procedure* proc, ClassInstance* me, Value* const* args)
+{
+    checkStack();
+    tick();
+    const size_t n = size_t(proc->localCount), np = proc->params.size();
+    if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
+        raise(ErrorCode::OutOfStackSpace);
+    Frame frame;
+    frame.proc = proc;
+    frame.vars = &m_stack[m_sp];
+    frame.size = n;
+    frame.refs = &m_refStack[m_rsp];
+    frame.me = me;
+    frame.chunk = proc->chunk;
+    const Param* params = proc->params.data();
+    for (size_t i = 0; i < np; ++i) {
+        if (params[i].byRef)
+            frame.refs[i] = args[i];
+        else
+            frame.vars[i] = *args[i];
+    }
+    m_sp += n;
+    m_rsp += np;
+    ++m_depth;
+    Frame* saved = m_frame;
+    m_frame = &frame;
+    struct Cleanup {
+        Engine& e;
+        Frame& f;
+        Frame* saved;
+        size_t np;
+        ~Cleanup()
+        {
+            e.m_frame = saved;
+            for (size_t i = 0; i < f.size; ++i)
+                f.vars[i].clear();
+            e.m_sp -= f.size;
+            e.m_rsp -= np;
+            --e.m_depth;
+        }
+    } cleanup{*this, frame, saved, np};
+    execBlock(proc->body);
+    if (proc->resultSlot >= 0)
+        return std::move(frame.vars[proc->resultSlot]);
+    return {};
+}
+
+namespace {
+
+// The temporaries of a direct call: raw storage, constructed only for the arguments that are
+// not variables, destroyed in order after the call (as evalArgs' are).
+struct DirectArgs {
+    alignas(Value) unsigned char raw[CallExpr::kMaxDirectArgs * sizeof(Value)];
+    Value* ptrs[CallExpr::kMaxDirectArgs];
+    uint32_t built = 0;
+
+    DirectArgs() = default;
+    DirectArgs(const DirectArgs&) = delete;
+    DirectArgs& operator=(const DirectArgs&) = delete;
+    ~DirectArgs()
+    {
+        for (size_t i = 0; built; ++i, built >>= 1)
+            if (built & 1)
+                reinterpret_cast<Value*>(raw)[i].~Value();
+    }
+    Value* temp(size_t i, Value v)
+    {
+        Value* slot = new (reinterpret_cast<Value*>(raw) + i) Value(std::move(v));
+        built |= 1u << i;
+        return slot;
+    }
+};
+
+} // namespace
+
+// proc(args) for a call whose arguments CallExpr::directArgs allows and whose count matches:
+// what evalArgs and callProcedure do, without their general cases. The caller runs script code,
+// so the engine has been entered.
+Value Engine::callDirect(Procedure* proc, const CallExpr* c)
+{
+    DirectArgs args;
+    const size_t np = c->args.size();
+    for (size_t i = 0; i < np; ++i) {
+        const Expr* a = c->args[i].get();
+        Value* p = nullptr;
+        if (!a->parenthesized) {
+            if (a->kind == ExprKind::Local)
+                p = &m_frame->vars[static_cast<const NameExpr*>(a)->slot];
+            else if (a->kind == ExprKind::RefParam)
+                p = m_frame->refs[static_cast<const NameExpr*>(a)->slot];
+            else
+                p = variableRef(a, RefMode::Arg);
+        }
+        args.ptrs[i] = p ? p : args.temp(i, eval(a));
+    }
+    m_frame->node = c;
+    return runProcedure(proc, nullptr, args.ptrs);
+}
+
+} // namespace vbs
