@@ -118,8 +118,6 @@ public:
 
     // Interpreter (Interpreter*.cpp).
     Value callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args);
-    Value runProcedure(Procedure* proc, ClassInstance* me, Value* const* args);
-    Value callDirect(Procedure* proc, const CallExpr* c);
     Value newInstance(ClassDef* cls, const std::shared_ptr<Program>& program);
     void runTerminate(ClassInstance* instance) noexcept;
     // Arrays and default members, shared with ClassInstance.
@@ -141,6 +139,11 @@ private:
     friend class ClassInstance;
     friend class GlobalScope;
     struct Fast; // the specialised evaluators
+    // Calls of script procedures (InterpreterProc.cpp).
+    Value runProcedure(Procedure* proc, ClassInstance* me, Value* const* args);
+    Value callDirect(Procedure* proc, const CallExpr* c);
+    static Value evalGlobalCall(Engine& en, const Expr* e);
+    static Flow execCall(Engine& en, const Stmt* s);
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);

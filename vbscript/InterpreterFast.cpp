@@ -195,37 +195,7 @@ struct Engine::Fast {
         }
     }
 
-    // name(args) where name is global: a procedure or built-in is called without the test
-    // for an array item that evalCall starts with (only a variable can hold an array).
-    static Value callGlobal(Engine& en, const Expr* e)
-    {
-        const auto* c = static_cast<const CallExpr*>(e);
-        GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size())
-            return en.callDirect(g.proc, c);
-        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin)
-            return en.callGlobal(g, c, false);
-        return en.evalCall(c, false);
-    }
-
     // Statements.
-    static Flow callStatement(Engine& en, const Stmt* s)
-    {
-        const auto* c = static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get());
-        if (c->target->kind == ExprKind::Global) {
-            GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-            if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size()) {
-                en.callDirect(g.proc, c);
-                return Flow::Normal;
-            }
-            if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
-                en.callGlobal(g, c, true);
-                return Flow::Normal;
-            }
-        }
-        en.evalCall(c, true);
-        return Flow::Normal;
-    }
     // x = value for a local or global variable: the value replaces what the variable holds
     // unless one of them is an object (a default property may take the value).
     static Flow assignLocal(Engine& en, const Stmt* s)
@@ -317,7 +287,7 @@ EvalFn Engine::evaluatorFor(const Expr& e)
     case ExprKind::RefParam: return &Fast::refParam;
     case ExprKind::Call:
         if (static_cast<const CallExpr&>(e).target->kind == ExprKind::Global)
-            return &Fast::callGlobal;
+            return &evalGlobalCall;
         return &evalGeneral;
     case ExprKind::Add: return Fast::binaryFor<ExprKind::Add>(static_cast<const BinaryExpr&>(e));
     case ExprKind::Sub: return Fast::binaryFor<ExprKind::Sub>(static_cast<const BinaryExpr&>(e));
@@ -341,7 +311,7 @@ EvalFn Engine::evaluatorFor(const Expr& e)
 ExecFn Engine::executorFor(const Stmt& s)
 {
     switch (s.kind) {
-    case StmtKind::Call: return &Fast::callStatement;
+    case StmtKind::Call: return &execCall;
     case StmtKind::Assign: return Fast::assignmentFor(static_cast<const AssignStmt&>(s));
     case StmtKind::If: return &Fast::ifStatement;
     case StmtKind::For: return &Fast::forStatement;

@@ -5,21 +5,9 @@ namespace vbs {
 
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
 
-Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
-{
-    if (args.size() != proc->params.size())
-        raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
-    if (m_entryDepth == 0) {
-        // Called from outside (a host holding a script object, a terminating object).
-        Entry entry(*this);
-        return callProcedure(proc, me, args);
-    }
-    return runProcedure(proc, me, args.data());
-}
-
 // Runs proc in a new frame on the value stack. args holds one pointer per parameter: a ByRef
 // parameter refers to it, a ByVal one copies it.
-Value Engine::runProcedure(Procedure* proc, ClassInstance* me, Value* const* args)
+[[gnu::always_inline]] inline Value Engine::runProcedure(Procedure* proc, ClassInstance* me, Value* const* args)
 {
     checkStack();
     tick();
@@ -66,6 +54,18 @@ Value Engine::runProcedure(Procedure* proc, ClassInstance* me, Value* const* arg
     return {};
 }
 
+Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
+{
+    if (args.size() != proc->params.size())
+        raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
+    if (m_entryDepth == 0) {
+        // Called from outside (a host holding a script object, a terminating object).
+        Entry entry(*this);
+        return callProcedure(proc, me, args);
+    }
+    return runProcedure(proc, me, args.data());
+}
+
 namespace {
 
 // The temporaries of a direct call: raw storage, constructed only for the arguments that are
@@ -97,7 +97,7 @@ struct DirectArgs {
 // proc(args) for a call whose arguments CallExpr::directArgs allows and whose count matches:
 // what evalArgs and callProcedure do, without their general cases. The caller runs script code,
 // so the engine has been entered.
-Value Engine::callDirect(Procedure* proc, const CallExpr* c)
+[[gnu::always_inline]] inline Value Engine::callDirect(Procedure* proc, const CallExpr* c)
 {
     DirectArgs args;
     const size_t np = c->args.size();
@@ -116,6 +116,38 @@ Value Engine::callDirect(Procedure* proc, const CallExpr* c)
     }
     m_frame->node = c;
     return runProcedure(proc, nullptr, args.ptrs);
+}
+
+// name(args) and the statement name args, for a global name: a procedure or built-in is
+// called without the test for an array item that evalCall starts with (only a variable holds an
+// array), a procedure with plain arguments directly.
+Value Engine::evalGlobalCall(Engine& en, const Expr* e)
+{
+    const auto* c = static_cast<const CallExpr*>(e);
+    GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
+    if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size())
+        return en.callDirect(g.proc, c);
+    if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin)
+        return en.callGlobal(g, c, false);
+    return en.evalCall(c, false);
+}
+
+Flow Engine::execCall(Engine& en, const Stmt* s)
+{
+    const auto* c = static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get());
+    if (c->target->kind == ExprKind::Global) {
+        GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
+        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size()) {
+            en.callDirect(g.proc, c);
+            return Flow::Normal;
+        }
+        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
+            en.callGlobal(g, c, true);
+            return Flow::Normal;
+        }
+    }
+    en.evalCall(c, true);
+    return Flow::Normal;
 }
 
 } // namespace vbs
