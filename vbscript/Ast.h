@@ -258,6 +258,7 @@ struct Procedure {
     std::unordered_map<String, std::pair<int, int>> implicitIndex;
     int resultSlot = -1;
     int localCount = 0;
+    bool allByRef = true; // no ByVal parameter: a call binds its arguments by copying pointers
     std::unordered_set<String> execLocals; // folded names Dim'd by Execute'd code
 };
 

@@ -21,12 +21,17 @@ namespace vbs {
     frame.refs = &m_refStack[m_rsp];
     frame.me = me;
     frame.chunk = proc->chunk;
-    const Param* params = proc->params.data();
-    for (size_t i = 0; i < np; ++i) {
-        if (params[i].byRef)
+    if (proc->allByRef) {
+        for (size_t i = 0; i < np; ++i)
             frame.refs[i] = args[i];
-        else
-            frame.vars[i] = *args[i];
+    } else {
+        const Param* params = proc->params.data();
+        for (size_t i = 0; i < np; ++i) {
+            if (params[i].byRef)
+                frame.refs[i] = args[i];
+            else
+                frame.vars[i] = *args[i];
+        }
     }
     m_sp += n;
     m_rsp += np;
@@ -101,16 +106,19 @@ struct DirectArgs {
 {
     DirectArgs args;
     const size_t np = c->args.size();
+    const ExprPtr* argv = c->args.data();
     for (size_t i = 0; i < np; ++i) {
-        const Expr* a = c->args[i].get();
+        const Expr* a = argv[i].get();
         Value* p = nullptr;
         if (!a->parenthesized) {
-            if (a->kind == ExprKind::Local)
-                p = &m_frame->vars[static_cast<const NameExpr*>(a)->slot];
-            else if (a->kind == ExprKind::RefParam)
-                p = m_frame->refs[static_cast<const NameExpr*>(a)->slot];
-            else
+            switch (a->kind) {
+            case ExprKind::Local: p = &m_frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
+            case ExprKind::RefParam: p = m_frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
+            case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
                 p = variableRef(a, RefMode::Arg);
+                break;
+            default: break;
+            }
         }
         args.ptrs[i] = p ? p : args.temp(i, eval(a));
     }

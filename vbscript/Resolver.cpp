@@ -130,8 +130,10 @@ private:
         m_proc = p;
         m_localConsts.clear();
         if (p->kind != ProcKind::TopLevel) {
-            for (const auto& param : p->params)
+            for (const auto& param : p->params) {
                 addLocal(p, param.name);
+                p->allByRef = p->allByRef && param.byRef;
+            }
             if (p->kind == ProcKind::Function || p->kind == ProcKind::PropertyGet) {
                 const String key = foldCase(p->name);
                 if (!p->localIndex.count(key))
