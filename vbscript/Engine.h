@@ -179,6 +179,26 @@ private:
 
     // Statements.
     Flow execBlock(const Block& block);
+    // execBlock inline, for the loops and calls that spend their time running blocks. Each
+    // statement notes itself for error locations and counts towards the statement limit; an error
+    // it raises is located and handled (On Error Resume Next) by statementFailed.
+    [[gnu::always_inline]] Flow runBlock(const Block& block)
+    {
+        for (const auto& sp : block) {
+            const Stmt* s = sp.get();
+            m_frame->node = nullptr;
+            m_frame->stmt = s;
+            tick();
+            try {
+                const Flow f = s->run(*this, s);
+                if (f != Flow::Normal)
+                    return f;
+            } catch (...) {
+                statementFailed(s);
+            }
+        }
+        return Flow::Normal;
+    }
     Flow exec(const Stmt* s);
     friend Flow execGeneral(Engine& engine, const Stmt* s);
     [[gnu::noinline]] void statementFailed(const Stmt* s);
@@ -197,7 +217,7 @@ private:
     void execAssign(const AssignStmt* s);
     [[gnu::noinline]] void appendToTarget(const AssignStmt* s);
     void execMidAssign(const AssignStmt* s);
-    bool assignElementFast(const CallExpr* c, const Expr* valueExpr);
+    void assignVectorItem(const CallExpr* c, const Expr* valueExpr);
     // The array held by a plain local or global variable, or nullptr.
     Value* plainArray(const Expr* e)
     {
@@ -211,6 +231,15 @@ private:
         }
         return nullptr;
     }
+    // A one-dimensional array held by a plain local or global variable, or nullptr.
+    Value* plainVector(const Expr* e)
+    {
+        Value* v = plainArray(e);
+        return v && v->array()->counts.size() == 1 ? v : nullptr;
+    }
+    // a(i) and a(i) = value where plainVector(a) holds before i is evaluated (InterpreterFast.cpp).
+    Value vectorItem(const CallExpr* c);
+    int32_t subscript(const Expr* ie);
     void execDim(const DimStmt* s);
     void execErase(const EraseStmt* s);
     void locate(ScriptError& e, int line, int column, const Stmt* stmt = nullptr);

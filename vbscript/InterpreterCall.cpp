@@ -132,22 +132,8 @@ Value* Engine::elementArg(const CallExpr* c, ArgList& out)
 Value Engine::evalCall(const CallExpr* c, bool statement)
 {
     const Expr* t = c->target.get();
-    if (c->args.size() == 1 && c->args[0]) {
-        // a(i) on a one-dimensional array in a plain variable.
-        if (const Value* arr = plainArray(t); arr && arr->array()->counts.size() == 1) {
-            const Expr* ie = c->args[0].get();
-            const Value iv = ie->kind == ExprKind::Local ? m_frame->vars[static_cast<const NameExpr*>(ie)->slot]
-                                                         : eval(ie);
-            const int32_t i = iv.type() == VarType::Integer ? iv.rawInteger()
-                : iv.type() == VarType::Long ? iv.rawLong() : iv.toLong();
-            arr = plainArray(t);
-            if (!arr || arr->array()->counts.size() != 1)
-                raise(ErrorCode::TypeMismatch);
-            if (i < 0 || i >= arr->array()->counts[0])
-                raise(ErrorCode::SubscriptOutOfRange);
-            return arr->array()->items[size_t(i)];
-        }
-    }
+    if (c->args.size() == 1 && c->args[0] && plainVector(t))
+        return vectorItem(c);
     if (t->kind == ExprKind::Global)
         return callGlobal(global(static_cast<const NameExpr*>(t)->slot), c, statement);
     return callOther(c, statement);

@@ -226,6 +226,33 @@ struct Engine::Fast {
         en.assignTo(a->target.get(), std::move(v), false);
         return Flow::Normal;
     }
+    // a(i) = value: an item of a one-dimensional array in a plain variable, else the general way.
+    static Flow assignItem(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        const auto* c = static_cast<const CallExpr*>(a->target.get());
+        if (en.plainVector(c->target.get()))
+            en.assignVectorItem(c, a->value.get());
+        else
+            en.execAssign(a);
+        return Flow::Normal;
+    }
+    // a(i) as a value, and the general way for anything else written so.
+    static Value callVariable(Engine& en, const Expr* e)
+    {
+        const auto* c = static_cast<const CallExpr*>(e);
+        if (en.plainVector(c->target.get()))
+            return en.vectorItem(c);
+        return en.evalCall(c, false);
+    }
+    static Value notOperator(Engine& en, const Expr* e)
+    {
+        Value v = en.eval(static_cast<const UnaryExpr*>(e)->operand.get());
+        if (v.type() == VarType::Boolean)
+            return Value(!v.rawBool());
+        en.m_frame->node = e;
+        return ops::logicNot(v);
+    }
     static Flow appendAssign(Engine& en, const Stmt* s)
     {
         en.appendToTarget(static_cast<const AssignStmt*>(s));
@@ -238,6 +265,12 @@ struct Engine::Fast {
     static ExecFn assignmentFor(const AssignStmt& a)
     {
         const ExprKind t = a.target->kind;
+        if (t == ExprKind::Call && !a.isSet && !a.isMid) {
+            const auto& c = static_cast<const CallExpr&>(*a.target);
+            const ExprKind v = c.target->kind;
+            if (c.args.size() == 1 && c.args[0] && (v == ExprKind::Local || v == ExprKind::Global))
+                return &assignItem;
+        }
         if (a.isMid || (t == ExprKind::Call && !a.isSet))
             return &execGeneral;
         if (a.appendsToTarget && a.appendPieces.size() <= 4)
@@ -272,6 +305,57 @@ struct Engine::Fast {
     }
 };
 
+// The subscript of a(i): Integer and Long as they are, anything else converted.
+[[gnu::always_inline]] inline int32_t subscriptOf(const Value& v)
+{
+    if (v.type() == VarType::Integer)
+        return v.rawInteger();
+    if (v.type() == VarType::Long)
+        return v.rawLong();
+    return v.toLong();
+}
+
+int32_t Engine::subscript(const Expr* ie)
+{
+    if (ie->kind == ExprKind::Local)
+        return subscriptOf(m_frame->vars[static_cast<const NameExpr*>(ie)->slot]);
+    return subscriptOf(eval(ie));
+}
+
+// Evaluating the subscript (and the value) may have changed the variable: it is looked up
+// again, and must still hold a one-dimensional array.
+Value Engine::vectorItem(const CallExpr* c)
+{
+    const int32_t i = subscript(c->args[0].get());
+    const Value* arr = plainVector(c->target.get());
+    if (!arr)
+        raise(ErrorCode::TypeMismatch);
+    const ArrayRep* rep = arr->array();
+    if (i < 0 || i >= rep->counts[0])
+        raise(ErrorCode::SubscriptOutOfRange);
+    return rep->items[size_t(i)];
+}
+
+void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
+{
+    const int32_t i = subscript(c->args[0].get());
+    Value v = eval(valueExpr);
+    if (v.isObject())
+        v = v.defaultValue();
+    Value* var = plainVector(c->target.get());
+    if (!var)
+        raise(ErrorCode::TypeMismatch);
+    if (i < 0 || i >= var->array()->counts[0])
+        raise(ErrorCode::SubscriptOutOfRange);
+    ArrayRep* rep = ValueAccess::unshareArray(*var);
+    if (rep->plain && !v.isRefCounted()) {
+        ValueAccess::overwritePlain(rep->items[size_t(i)], std::move(v));
+    } else {
+        rep->plain = false;
+        rep->items[size_t(i)] = std::move(v);
+    }
+}
+
 // The general evaluator's binary operators: operands read in place when they are locals,
 // parameters or literals, as the specialised evaluators do.
 Value Engine::evalBinary(const BinaryExpr* e)
@@ -285,10 +369,16 @@ EvalFn Engine::evaluatorFor(const Expr& e)
     case ExprKind::Literal: return &Fast::literal;
     case ExprKind::Local: return &Fast::local;
     case ExprKind::RefParam: return &Fast::refParam;
-    case ExprKind::Call:
-        if (static_cast<const CallExpr&>(e).target->kind == ExprKind::Global)
+    case ExprKind::Call: {
+        const auto& c = static_cast<const CallExpr&>(e);
+        const ExprKind t = c.target->kind;
+        if (c.args.size() == 1 && c.args[0] && t == ExprKind::Local)
+            return &Fast::callVariable;
+        if (t == ExprKind::Global)
             return &evalGlobalCall;
         return &evalGeneral;
+    }
+    case ExprKind::Not: return &Fast::notOperator;
     case ExprKind::Add: return Fast::binaryFor<ExprKind::Add>(static_cast<const BinaryExpr&>(e));
     case ExprKind::Sub: return Fast::binaryFor<ExprKind::Sub>(static_cast<const BinaryExpr&>(e));
     case ExprKind::Mul: return Fast::binaryFor<ExprKind::Mul>(static_cast<const BinaryExpr&>(e));

@@ -36,8 +36,8 @@ Flow Engine::execIf(const IfStmt* s)
 {
     for (const auto& arm : s->arms)
         if (headCondition(arm.condition.get()) != Cond::False)
-            return execBlock(arm.body);
-    return execBlock(s->elseBody);
+            return runBlock(arm.body);
+    return runBlock(s->elseBody);
 }
 
 // The body of a loop whose head failed under On Error Resume Next runs once.
@@ -75,7 +75,7 @@ Flow Engine::execFor(const ForStmt* s)
     store(i);
     while (inc >= 0 ? i <= end : i >= end) {
         tick();
-        const Flow f = execBlock(s->body);
+        const Flow f = runBlock(s->body);
         if (f == Flow::ExitFor)
             break;
         if (f != Flow::Normal)
@@ -96,18 +96,15 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
     // that a new global may take over.
     const bool fixedVar = s->var->kind != ExprKind::Implicit;
     Value* var = variableRef(s->var.get(), RefMode::Write);
-    auto store = [&](int64_t v) {
-        if (!fixedVar)
-            var = variableRef(s->var.get(), RefMode::Write);
-        if (!useLong && v >= -32768 && v <= 32767)
-            *var = Value(int16_t(v));
-        else
-            *var = Value(int32_t(v));
+    auto counter = [&](int64_t v) {
+        return !useLong && v >= -32768 && v <= 32767 ? Value(int16_t(v)) : Value(int32_t(v));
     };
-    store(i);
+    if (!fixedVar)
+        var = variableRef(s->var.get(), RefMode::Write);
+    *var = counter(i);
     while (inc >= 0 ? i <= end : i >= end) {
         tick();
-        const Flow f = execBlock(s->body);
+        const Flow f = runBlock(s->body);
         if (f == Flow::ExitFor)
             break;
         if (f != Flow::Normal)
@@ -115,10 +112,14 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
         if (!fixedVar)
             var = variableRef(s->var.get(), RefMode::Write);
         const VarType vt = var->type();
+        const bool plain = vt == VarType::Integer || vt == VarType::Long;
         i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
         if (i > INT32_MAX || i < INT32_MIN)
             raise(ErrorCode::Overflow);
-        store(i);
+        if (plain)
+            ValueAccess::overwritePlain(*var, counter(i)); // an Integer or Long holds nothing to release
+        else
+            *var = counter(i);
     }
     return Flow::Normal;
 }
@@ -142,7 +143,7 @@ Flow Engine::execForEach(const ForEachStmt* s)
         return runOnce(s->body); // the loop variable keeps its value
     for (auto& item : items) {
         *variableRef(s->var.get(), RefMode::Write) = std::move(item);
-        const Flow f = execBlock(s->body);
+        const Flow f = runBlock(s->body);
         if (f == Flow::ExitFor)
             break;
         if (f != Flow::Normal)
@@ -162,7 +163,7 @@ Flow Engine::execDo(const DoStmt* s)
             if (c == (s->until ? Cond::True : Cond::False))
                 break;
         }
-        const Flow f = execBlock(s->body);
+        const Flow f = runBlock(s->body);
         if (f == Flow::ExitDo && !s->isWhileWend)
             break;
         if (f != Flow::Normal)

@@ -53,7 +53,7 @@ namespace vbs {
             --e.m_depth;
         }
     } cleanup{*this, frame, saved, np};
-    execBlock(proc->body);
+    runBlock(proc->body);
     if (proc->resultSlot >= 0)
         return std::move(frame.vars[proc->resultSlot]);
     return {};

@@ -15,20 +15,7 @@ void Engine::noteError(const ScriptError& e)
 
 Flow Engine::execBlock(const Block& block)
 {
-    for (const auto& sp : block) {
-        const Stmt* s = sp.get();
-        m_frame->node = nullptr;
-        m_frame->stmt = s;
-        tick();
-        try {
-            const Flow f = s->run(*this, s);
-            if (f != Flow::Normal)
-                return f;
-        } catch (...) {
-            statementFailed(s);
-        }
-    }
-    return Flow::Normal;
+    return runBlock(block);
 }
 
 // Called inside the handler of a statement's exception: locates it, then rethrows it unless
@@ -177,9 +164,13 @@ void Engine::appendToTarget(const AssignStmt* s)
 void Engine::execAssign(const AssignStmt* s)
 {
     const Expr* t = s->target.get();
-    if (t->kind == ExprKind::Call && !s->isSet && !s->isMid
-        && assignElementFast(static_cast<const CallExpr*>(t), s->value.get()))
-        return;
+    if (t->kind == ExprKind::Call && !s->isSet && !s->isMid) {
+        const auto* c = static_cast<const CallExpr*>(t);
+        if (c->args.size() == 1 && c->args[0] && plainVector(c->target.get())) {
+            assignVectorItem(c, s->value.get());
+            return;
+        }
+    }
     if (s->isMid) {
         execMidAssign(s);
         return;
@@ -211,49 +202,6 @@ void Engine::execAssign(const AssignStmt* s)
         return;
     }
     assignTo(t, eval(s->value.get()), s->isSet);
-}
-
-namespace {
-
-int32_t indexOf(const Value& v)
-{
-    if (v.type() == VarType::Integer)
-        return v.rawInteger();
-    if (v.type() == VarType::Long)
-        return v.rawLong();
-    return v.toLong();
-}
-
-} // namespace
-
-// a(i) = v for a one-dimensional array in a plain variable; false when another path is needed.
-bool Engine::assignElementFast(const CallExpr* c, const Expr* valueExpr)
-{
-    if (c->args.size() != 1 || !c->args[0])
-        return false;
-    Value* var = plainArray(c->target.get());
-    if (!var || var->array()->counts.size() != 1)
-        return false;
-    const Expr* ie = c->args[0].get();
-    const int32_t i = ie->kind == ExprKind::Local ? indexOf(m_frame->vars[static_cast<const NameExpr*>(ie)->slot])
-                                                  : indexOf(eval(ie));
-    Value v = valueExpr->kind == ExprKind::Literal ? static_cast<const LiteralExpr*>(valueExpr)->value
-                                                   : eval(valueExpr);
-    if (v.isObject())
-        v = v.defaultValue();
-    var = plainArray(c->target.get()); // evaluating may have changed the variable
-    if (!var || var->array()->counts.size() != 1)
-        raise(ErrorCode::TypeMismatch);
-    if (i < 0 || i >= var->array()->counts[0])
-        raise(ErrorCode::SubscriptOutOfRange);
-    ArrayRep* rep = ValueAccess::unshareArray(*var);
-    if (rep->plain && !v.isRefCounted()) {
-        ValueAccess::overwritePlain(rep->items[size_t(i)], std::move(v));
-    } else {
-        rep->plain = false;
-        rep->items[size_t(i)] = std::move(v);
-    }
-    return true;
 }
 
 void Engine::execDim(const DimStmt* s)

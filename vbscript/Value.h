@@ -144,10 +144,7 @@ public:
     ArrayRep* array() const { return m_u.a; }
     // Makes this value's array unshared (copying it if needed) and returns it for writing.
     ArrayRep* mutableArray();
-    bool isRefCounted() const
-    {
-        return m_type == VarType::String || m_type == VarType::Object || m_type == kArrayTag;
-    }
+    bool isRefCounted() const { return !holdsNoReference(m_type); }
 
     // Conversions with VBScript's rules; they throw ScriptError (13, 6, 94, ...).
     bool toBoolean() const;
@@ -197,8 +194,12 @@ public:
 
 private:
     static constexpr VarType kArrayTag = VarType(0x200C);
-    // Numbers, Empty and Null sort below String: one comparison lets them through.
-    static bool holdsNoReference(VarType t) noexcept { return t < VarType::String; }
+    // Only String (8), Object (9) and arrays hold a reference: numbers, Empty and Null sort below
+    // them and pass with one comparison.
+    static bool holdsNoReference(VarType t) noexcept
+    {
+        return t < VarType::String || (t > VarType::Object && t != kArrayTag);
+    }
     void retain() const noexcept
     {
         if (holdsNoReference(m_type)) return;
