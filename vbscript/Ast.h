@@ -92,6 +92,15 @@ struct MemberExpr : Expr {
         : Expr(ExprKind::Member, line, col), object(std::move(o)), name(std::move(n)) {}
     ExprPtr object; // WithObject expression for ".name"
     String name;
+    // The member's id as last found: valid for objects with this member table, seen from their
+    // own class's code or not, while the engine has not been reset since (a reset frees classes).
+    struct MemberCache {
+        const void* table = nullptr;
+        uint64_t generation = 0;
+        int id = -1;
+        bool own = false;
+    };
+    mutable MemberCache cache;
 };
 
 struct NewExpr : Expr {

@@ -16,6 +16,7 @@ public:
     int memberId(std::u16string_view name) const override; // public members only
     Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) override;
     int defaultMemberId() const override { return m_cls->defaultMember; }
+    const void* memberTable() const override { return m_cls; }
     ClassDef* classDef() const { return m_cls; }
     // Any member, public or private (code inside the class).
     int anyMemberId(std::u16string_view name) const;

@@ -138,6 +138,7 @@ void CallContext::setLocale(const Locale& locale) const
 
 void Engine::reset()
 {
+    ++m_generation;
     m_locale = &englishUs();
     m_globals.forEachNewestFirst([](GlobalSlot& g) { g.value.clear(); });
     m_globals.clear();

@@ -271,7 +271,7 @@ private:
     Value callBuiltin(const BuiltinDef* def, std::span<Value*> args);
     Value callMeMember(int member, std::span<Value*> args, bool statement);
     // The id of a member of d as the running code sees it; 438 naming it when there is none.
-    int visibleMemberId(Dispatch* d, const String& name);
+    int visibleMemberId(Dispatch* d, const MemberExpr* e);
     Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
@@ -308,6 +308,7 @@ private:
     Frame* m_frame = nullptr;
     Frame m_globalFrame;
     int m_depth = 0;
+    uint64_t m_generation = 1; // counts resets, for the member ids remembered in the syntax tree
     uint64_t m_steps = 0;
     uint64_t m_stepLimit = 0;
     char* m_stackBase = nullptr;  // native stack at the outermost entry

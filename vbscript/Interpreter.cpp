@@ -216,7 +216,7 @@ Value Engine::evalMember(const MemberExpr* e, std::span<Value*> args, bool state
     const Value obj = eval(e->object.get());
     m_frame->node = e;
     Dispatch* d = memberObject(obj, e);
-    const int id = visibleMemberId(d, e->name);
+    const int id = visibleMemberId(d, e);
     return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, args);
 }
 
@@ -232,13 +232,19 @@ Dispatch* Engine::memberObject(const Value& obj, const MemberExpr* e)
     return d;
 }
 
-int Engine::visibleMemberId(Dispatch* d, const String& name)
+int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e)
 {
     // Code inside a class reaches the private members of its own instance.
     const bool own = m_frame->me && d == m_frame->me;
-    const int id = own ? m_frame->me->anyMemberId(name) : d->memberId(name);
+    const void* table = d->memberTable();
+    MemberExpr::MemberCache& cache = e->cache;
+    if (table && cache.table == table && cache.own == own && cache.generation == m_generation)
+        return cache.id;
+    const int id = own ? m_frame->me->anyMemberId(e->name) : d->memberId(e->name);
     if (id < 0)
-        raiseNamed(ErrorCode::NoSuchMember, name);
+        raiseNamed(ErrorCode::NoSuchMember, e->name);
+    if (table)
+        cache = {table, m_generation, id, own};
     return id;
 }
 

@@ -91,6 +91,10 @@ void Engine::evalArgs(const std::vector<ExprPtr>& args, const Expr* owner, ArgLi
             out.ptrs[i] = &m_frame->vars[static_cast<const NameExpr*>(a)->slot];
             continue;
         }
+        if (a->kind == ExprKind::RefParam && !a->parenthesized) {
+            out.ptrs[i] = m_frame->refs[static_cast<const NameExpr*>(a)->slot];
+            continue;
+        }
         if (!a->parenthesized) {
             if (Value* p = variableRef(a, RefMode::Arg)) {
                 out.ptrs[i] = p;
@@ -321,7 +325,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         const auto* m = static_cast<const MemberExpr*>(target);
         const Value obj = eval(m->object.get());
         Dispatch* d = memberObject(obj, m);
-        const int id = visibleMemberId(d, m->name);
+        const int id = visibleMemberId(d, m);
         Value* args[] = {&value};
         m_frame->node = target;
         d->invoke(id, kind, args);
@@ -364,7 +368,7 @@ void Engine::assignTo(const Expr* target, Value value, bool isSet)
         const auto* m = static_cast<const MemberExpr*>(t);
         const Value obj = eval(m->object.get());
         Dispatch* d = memberObject(obj, m);
-        const int id = visibleMemberId(d, m->name);
+        const int id = visibleMemberId(d, m);
         d->invoke(id, kind, all);
         return;
     }

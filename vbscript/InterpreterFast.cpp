@@ -7,6 +7,7 @@
 // inline code does not take, goes through the same general operators (Operators.cpp) as before.
 #include "Engine.h"
 
+#include "ClassInstance.h"
 #include "Operators.h"
 
 #include <cmath>
@@ -170,6 +171,10 @@ struct Engine::Fast {
     static Value literal(Engine&, const Expr* e) { return static_cast<const LiteralExpr*>(e)->value; }
     static Value local(Engine& en, const Expr* e) { return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot]; }
     static Value refParam(Engine& en, const Expr* e) { return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot]; }
+    static Value field(Engine& en, const Expr* e)
+    {
+        return en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
+    }
 
     // l op r. A right side that is not read in place could change a variable the left side
     // reads, so the left side is then copied first.
@@ -204,6 +209,20 @@ struct Engine::Fast {
         Value v = en.eval(a->value.get());
         if (!v.isObject()) {
             Value& var = en.m_frame->vars[static_cast<const NameExpr*>(a->target.get())->slot];
+            if (!var.isObject()) {
+                var = std::move(v);
+                return Flow::Normal;
+            }
+        }
+        en.assignTo(a->target.get(), std::move(v), false);
+        return Flow::Normal;
+    }
+    static Flow assignField(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        Value v = en.eval(a->value.get());
+        if (!v.isObject()) {
+            Value& var = en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(a->target.get())->slot)];
             if (!var.isObject()) {
                 var = std::move(v);
                 return Flow::Normal;
@@ -279,6 +298,8 @@ struct Engine::Fast {
             return &assignLocal;
         if (!a.isSet && t == ExprKind::Global)
             return &assignGlobal;
+        if (!a.isSet && t == ExprKind::Field)
+            return &assignField;
         return &execGeneral;
     }
 
@@ -369,6 +390,7 @@ EvalFn Engine::evaluatorFor(const Expr& e)
     case ExprKind::Literal: return &Fast::literal;
     case ExprKind::Local: return &Fast::local;
     case ExprKind::RefParam: return &Fast::refParam;
+    case ExprKind::Field: return &Fast::field;
     case ExprKind::Call: {
         const auto& c = static_cast<const CallExpr&>(e);
         const ExprKind t = c.target->kind;

@@ -153,6 +153,9 @@ Flow Engine::execCall(Engine& en, const Stmt* s)
             en.callGlobal(g, c, true);
             return Flow::Normal;
         }
+    } else if (c->target->kind == ExprKind::Member) {
+        en.callOther(c, true); // evalCall's array-item test never holds for a member
+        return Flow::Normal;
     }
     en.evalCall(c, true);
     return Flow::Normal;

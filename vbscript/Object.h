@@ -89,6 +89,11 @@ public:
     virtual Value invoke(int memberId, InvokeKind kind, std::span<Value*> args) = 0;
     // The default member (obj(args), obj used as a value), -1 when there is none.
     virtual int defaultMemberId() const { return -1; }
+    // Objects whose memberId answers depend only on what this returns (their class's member
+    // table) may return it, so that the engine remembers a member's id where the script names
+    // it; the table must outlive every such object. nullptr (the default): look the name up
+    // every time.
+    virtual const void* memberTable() const { return nullptr; }
     // For Each support: fill out with the items and return true; false means
     // "Object not a collection".
     virtual bool enumerate(std::vector<Value>& out);

@@ -62,6 +62,7 @@ public:
             if (equalsNoCase(table[i].name, name)) return int(i);
         return -1;
     }
+    const void* memberTable() const override { return T::members().data(); }
 
     Value invoke(int id, InvokeKind kind, Args args) override {
         const auto table = T::members();
