@@ -217,7 +217,6 @@ private:
     void execAssign(const AssignStmt* s);
     [[gnu::noinline]] void appendToTarget(const AssignStmt* s);
     void execMidAssign(const AssignStmt* s);
-    void assignVectorItem(const CallExpr* c, const Expr* valueExpr);
     // The array held by a plain local or global variable, or nullptr.
     Value* plainArray(const Expr* e)
     {
@@ -239,6 +238,9 @@ private:
     }
     // a(i) and a(i) = value where plainVector(a) holds before i is evaluated (InterpreterFast.cpp).
     Value vectorItem(const CallExpr* c);
+    void assignVectorItem(const CallExpr* c, const Expr* valueExpr);
+    Value readItem(const CallExpr* c);
+    void writeItem(const CallExpr* c, const Expr* valueExpr);
     int32_t subscript(const Expr* ie);
     void execDim(const DimStmt* s);
     void execErase(const EraseStmt* s);

@@ -251,7 +251,7 @@ struct Engine::Fast {
         const auto* a = static_cast<const AssignStmt*>(s);
         const auto* c = static_cast<const CallExpr*>(a->target.get());
         if (en.plainVector(c->target.get()))
-            en.assignVectorItem(c, a->value.get());
+            en.writeItem(c, a->value.get());
         else
             en.execAssign(a);
         return Flow::Normal;
@@ -261,7 +261,7 @@ struct Engine::Fast {
     {
         const auto* c = static_cast<const CallExpr*>(e);
         if (en.plainVector(c->target.get()))
-            return en.vectorItem(c);
+            return en.readItem(c);
         return en.evalCall(c, false);
     }
     static Value notOperator(Engine& en, const Expr* e)
@@ -336,7 +336,7 @@ struct Engine::Fast {
     return v.toLong();
 }
 
-int32_t Engine::subscript(const Expr* ie)
+[[gnu::always_inline]] inline int32_t Engine::subscript(const Expr* ie)
 {
     if (ie->kind == ExprKind::Local)
         return subscriptOf(m_frame->vars[static_cast<const NameExpr*>(ie)->slot]);
@@ -345,7 +345,7 @@ int32_t Engine::subscript(const Expr* ie)
 
 // Evaluating the subscript (and the value) may have changed the variable: it is looked up
 // again, and must still hold a one-dimensional array.
-Value Engine::vectorItem(const CallExpr* c)
+[[gnu::always_inline]] inline Value Engine::readItem(const CallExpr* c)
 {
     const int32_t i = subscript(c->args[0].get());
     const Value* arr = plainVector(c->target.get());
@@ -357,10 +357,11 @@ Value Engine::vectorItem(const CallExpr* c)
     return rep->items[size_t(i)];
 }
 
-void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
+[[gnu::always_inline]] inline void Engine::writeItem(const CallExpr* c, const Expr* valueExpr)
 {
     const int32_t i = subscript(c->args[0].get());
-    Value v = eval(valueExpr);
+    Value v = valueExpr->kind == ExprKind::Literal ? static_cast<const LiteralExpr*>(valueExpr)->value
+                                                   : eval(valueExpr);
     if (v.isObject())
         v = v.defaultValue();
     Value* var = plainVector(c->target.get());
@@ -375,6 +376,16 @@ void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
         rep->plain = false;
         rep->items[size_t(i)] = std::move(v);
     }
+}
+
+Value Engine::vectorItem(const CallExpr* c)
+{
+    return readItem(c);
+}
+
+void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
+{
+    writeItem(c, valueExpr);
 }
 
 // The general evaluator's binary operators: operands read in place when they are locals,
