@@ -18,6 +18,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTimer>
@@ -34,6 +35,21 @@ QPushButton* button(QWidget* parent, const char* name, const QString& caption) {
     auto* b = new QPushButton(caption, parent);
     b->setObjectName(QLatin1String(name));
     return b;
+}
+
+// A thumbnail centred on a square, so that rows line up whatever the photo's shape; an empty
+// square while the thumbnail is being made keeps the rows' height.
+QIcon iconFor(const QImage& thumbnail) {
+    QPixmap square(kIconSide, kIconSide);
+    square.fill(Qt::transparent);
+    if (!thumbnail.isNull()) {
+        const QImage fitted =
+            thumbnail.scaled(kIconSide, kIconSide, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        QPainter painter(&square);
+        painter.drawImage((kIconSide - fitted.width()) / 2, (kIconSide - fitted.height()) / 2,
+                          fitted);
+    }
+    return QIcon(square);
 }
 
 // The filter label opens its menu on a click.
@@ -95,25 +111,25 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
     extLayout->addWidget(done);
     m_extPanel->hide();
 
-    auto* side = new QVBoxLayout;
-    side->setSpacing(0);
-    side->addWidget(m_capPreview);
-    side->addWidget(m_capImage);
-    side->addWidget(m_preview, 1);
-    side->addWidget(m_extPanel, 1);
-    auto* listColumn = new QVBoxLayout;
-    listColumn->addWidget(buttons);
-    listColumn->addWidget(m_show, 1);
-    listColumn->addWidget(m_stat);
-    auto* body = new QHBoxLayout;
+    // One column, as the pane takes the editor's narrow place: buttons, the list, its status and
+    // filter, and the photo under the pointer (or the extension panel) below.
+    auto* statusRow = new QHBoxLayout;
+    statusRow->addWidget(m_stat, 1);
+    statusRow->addWidget(m_filterLabel);
+    auto* body = new QVBoxLayout;
     body->setContentsMargins(4, 4, 4, 4);
-    body->addLayout(listColumn, 3);
-    body->addLayout(side, 2);
+    body->addWidget(buttons);
+    body->addWidget(m_show, 3);
+    body->addLayout(statusRow);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_cap);
-    layout->addLayout(body, 1);
+    layout->addLayout(body, 3);
+    layout->addWidget(m_capPreview);
+    layout->addWidget(m_capImage);
+    layout->addWidget(m_preview, 2);
+    layout->addWidget(m_extPanel, 2);
 
     connect(m_show, &QListWidget::currentRowChanged, this, &panePhotoSelect::showPreview);
     connect(m_show->verticalScrollBar(), &QScrollBar::valueChanged, this,
@@ -122,8 +138,7 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
             [this](const QString& path, int side, const QImage& image) {
                 if (side == kIconSide) {
                     for (int i = 0; i < m_list.count() && i < m_show->count(); ++i)
-                        if (m_list.files()[i] == path)
-                            m_show->item(i)->setIcon(QIcon(QPixmap::fromImage(image)));
+                        if (m_list.files()[i] == path) m_show->item(i)->setIcon(iconFor(image));
                 } else if (m_show->currentRow() >= 0 && m_show->currentRow() < m_list.count() &&
                            m_list.files()[m_show->currentRow()] == path) {
                     m_preview->setImage(image);
@@ -145,10 +160,11 @@ void panePhotoSelect::buildButtons(QWidget* row) {
     QPushButton* folder = button(row, "cmdAddDirectory", QStringLiteral("Add &Folder"));
     QPushButton* remove = button(row, "cmdRemove", QStringLiteral("&Remove Selected Files"));
     QPushButton* clear = button(row, "cmdClear", QStringLiteral("Clear List"));
-    auto* filter = new ClickLabel(QStringLiteral("Filter Options >>"), row);
+    auto* filter = new ClickLabel(QStringLiteral("Filter Options >>"), this);
     filter->setObjectName(QStringLiteral("lblExtension"));
     filter->setCursor(Qt::PointingHandCursor);
     filter->clicked = [this] { popupFilter(); };
+    m_filterLabel = filter;
     m_addMenu->setObjectName(QStringLiteral("mnuPAdd"));
     QAction* byFolder = m_addMenu->addAction(QStringLiteral("Add by Folder"));
     byFolder->setObjectName(QStringLiteral("mnuAddByFolder"));
@@ -169,7 +185,6 @@ void panePhotoSelect::buildButtons(QWidget* row) {
     for (QWidget* w : std::initializer_list<QWidget*>{files, folder, remove, clear})
         layout->addWidget(w);
     layout->addStretch(1);
-    layout->addWidget(filter);
 }
 
 void panePhotoSelect::buildFilterMenu() {
@@ -281,8 +296,7 @@ void panePhotoSelect::UpdateList() {
     for (const QString& file : m_list.files()) {
         auto* item = new QListWidgetItem(PhotoList::displayText(
             file, [&](const QString& text) { return metrics.horizontalAdvance(text) <= room; }));
-        const QImage icon = m_thumbnails->cached(file, kIconSide);
-        if (!icon.isNull()) item->setIcon(QIcon(QPixmap::fromImage(icon)));
+        item->setIcon(iconFor(m_thumbnails->cached(file, kIconSide)));
         m_show->addItem(item);
     }
     m_show->setUpdatesEnabled(true);
@@ -305,7 +319,12 @@ void panePhotoSelect::requestIcons() {
 void panePhotoSelect::showPreview() {
     const int row = m_show->currentRow();
     const QString file = row >= 0 && row < m_list.count() ? m_list.files()[row] : QString();
-    if (file.isEmpty() || !mFile::FileExists(file)) return;
+    if (file.isEmpty() || !mFile::FileExists(file)) {
+        if (m_list.count() > 0) return; // the photo shown stays until another is chosen
+        m_capImage->setCaption(QStringLiteral("Photo Preview"));
+        m_preview->setImage(QImage());
+        return;
+    }
     m_capImage->setCaption(PhotoList::previewCaption(mFile::GetPathPart(file, 2)));
     m_preview->setImage(m_thumbnails->cached(file, kPreviewSide));
     m_thumbnails->request(ThumbnailCache::Preview, {file}, kPreviewSide);

@@ -64,20 +64,21 @@ private:
     void rememberFolder(const QString& folder);
 
     QWidget* m_owner = nullptr;
-    PhotoList m_list;          // lstFiles
-    uCaptionBar* m_cap;        // uCap
-    QListWidget* m_show;       // lstShowFiles
-    QLabel* m_stat;            // lStat
-    QWidget* m_extPanel;       // pExt
-    QListWidget* m_ext;        // lstExt
-    QMenu* m_addMenu;          // mnuPAdd
-    QMenu* m_filter;           // popupFilter
-    QMenu* m_removeMenu;       // mnuFileType
-    QMenu* m_keepMenu;         // mnufilterKeep
-    uCaptionBar* m_capPreview; // uCapPreview
-    uCaptionBar* m_capImage;   // uCapImage
-    PictureBox* m_preview;     // pImagePreview with ixPreview
-    QTimer* m_tip;             // tTip; its tag is the hovered index
+    PhotoList m_list;                // lstFiles
+    uCaptionBar* m_cap;              // uCap
+    QListWidget* m_show;             // lstShowFiles
+    QLabel* m_stat;                  // lStat
+    QLabel* m_filterLabel = nullptr; // lblExtension
+    QWidget* m_extPanel;             // pExt
+    QListWidget* m_ext;              // lstExt
+    QMenu* m_addMenu;                // mnuPAdd
+    QMenu* m_filter;                 // popupFilter
+    QMenu* m_removeMenu;             // mnuFileType
+    QMenu* m_keepMenu;               // mnufilterKeep
+    uCaptionBar* m_capPreview;       // uCapPreview
+    uCaptionBar* m_capImage;         // uCapImage
+    PictureBox* m_preview;           // pImagePreview with ixPreview
+    QTimer* m_tip;                   // tTip; its tag is the hovered index
     int m_tipIndex = -1;
     ThumbnailCache* m_thumbnails;
 };
