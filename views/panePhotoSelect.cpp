@@ -82,6 +82,7 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
     m_show->setMouseTracking(true);
     m_show->installEventFilter(this);
     m_show->viewport()->installEventFilter(this);
+    m_show->setAcceptDrops(true); // files and folders from the desktop's file manager
     m_show->viewport()->setAcceptDrops(true);
     m_stat->setObjectName(QStringLiteral("lStat"));
     m_capPreview->setObjectName(QStringLiteral("uCapPreview"));

@@ -11,6 +11,11 @@ struct Expectation {
     const char* outputs; // what each photo leaves, "*" standing for its name without extension
 };
 
+// Test names show the script, not the bytes of the structure.
+[[maybe_unused]] void PrintTo(const Expectation& e, std::ostream* os) {
+    *os << e.script;
+}
+
 class ExampleScriptsTest : public E2eTest, public testing::WithParamInterface<Expectation> {};
 
 QString scriptPath(const char* name) {

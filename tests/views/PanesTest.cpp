@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSettings>
@@ -132,6 +133,38 @@ TEST_F(Panes, ToolPaneEnlargesByCaptionDoubleClickAndKeepsTheBoundary) {
     mouse(bar, QEvent::MouseButtonRelease, {5, 5000});
     EXPECT_EQ(pane.split().boundary(), pane.heightTwips() - 550);
     EXPECT_EQ(stored("paneToolsSplitter"), QString::number(pane.heightTwips() - 550));
+}
+
+TEST_F(Panes, PhotoListTakesDropsFilterMenusAndKeys) {
+    panePhotoSelect pane;
+    pane.resize(440, 500);
+    pane.show();
+    sample("wine.jpg", "in/a.jpg");
+    tree.write("in/sub/b.png");
+    tree.write("in/notes.txt");
+    QMimeData dragged; // a folder from the file manager: its photos, subfolders included
+    dragged.setUrls({QUrl::fromLocalFile(tree.nativePath("in"))});
+    QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(pane.shownList()->viewport(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(pane.shownList()->viewport(), &drop);
+    EXPECT_EQ(pane.status(), "2 files.");
+
+    QTest::mouseClick(pane.findChild<QLabel*>("lblExtension"), Qt::LeftButton);
+    QAction* keepJpg = nullptr;
+    for (QAction* a : pane.filterMenu()->findChildren<QAction*>("mnuFileTypeArrB"))
+        if (a->data() == "jpg") keepJpg = a;
+    ASSERT_TRUE(keepJpg);
+    EXPECT_EQ(keepJpg->text(), "JPG Extension.");
+    pane.filterMenu()->close();
+    keepJpg->trigger();
+    EXPECT_EQ(pane.status(), "1 files.");
+
+    QTest::keyClick(pane.shownList(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(pane.shownList()->selectedItems().size(), 1);
+    QTest::keyClick(pane.shownList(), Qt::Key_Delete);
+    EXPECT_EQ(pane.status(), "0 files.");
 }
 
 TEST_F(Panes, ScriptingViewTestRunsPicksPhotosRunsAndClears) {
