@@ -47,6 +47,15 @@ uPreview::uPreview(QWidget* parent)
       m_normal(new uCaptionBar(this)), m_pNormal(new PictureBox(this)),
       m_preview(new uCaptionBar(this)), m_pPreview(new PictureBox(this)), m_hide(new QTimer(this)),
       m_menu(new QMenu(this)), m_worker(std::make_unique<WorkerQueue>()) {
+    nameAndLabel();
+    connectEvents();
+    buildMenu();
+    SetPaneCaption();
+    QString photo = mWindowsAPI::GetSettingValue(kSection, PreviewPaneLogic::kExamplePhotoKey);
+    SetPreviewImage(photo);
+}
+
+void uPreview::nameAndLabel() {
     setObjectName(QStringLiteral("uPreview"));
     m_cap->setObjectName(QStringLiteral("uCap"));
     m_info->setObjectName(QStringLiteral("lblInfo"));
@@ -71,7 +80,9 @@ uPreview::uPreview(QWidget* parent)
     m_info->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     for (PictureBox* box : {m_pNormal, m_pPreview})
         box->tools()->setText(PreviewPaneLogic::kToolsHint);
+}
 
+void uPreview::connectEvents() {
     m_hide->setInterval(500);
     // It keeps firing until the mouse moves again, as the strips may be shown meanwhile.
     connect(m_hide, &QTimer::timeout, this, [this] {
@@ -90,10 +101,6 @@ uPreview::uPreview(QWidget* parent)
                                    folder, mEngineMain::imageDialogFilter(), false);
         return files.isEmpty() ? QString() : files.first();
     };
-    buildMenu();
-    SetPaneCaption();
-    QString photo = mWindowsAPI::GetSettingValue(kSection, PreviewPaneLogic::kExamplePhotoKey);
-    SetPreviewImage(photo);
 }
 
 uPreview::~uPreview() {

@@ -56,6 +56,8 @@ protected:
 
 private:
     struct Frame;
+    void nameAndLabel();
+    void connectEvents();
     void buildMenu();
     void layoutPane();
     void printInstead(const QStringList& lines);

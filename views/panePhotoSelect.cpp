@@ -73,6 +73,17 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
       m_keepMenu(nullptr), m_capPreview(new uCaptionBar(this)), m_capImage(new uCaptionBar(this)),
       m_preview(new PictureBox(this)), m_tip(new QTimer(this)),
       m_thumbnails(new ThumbnailCache(this)) {
+    nameAndSetUp();
+    auto* buttons = new QWidget(this);
+    buildButtons(buttons);
+    buildFilterMenu();
+    buildExtensionPanel();
+    buildLayout(buttons);
+    connectEvents();
+    UpdateList();
+}
+
+void panePhotoSelect::nameAndSetUp() {
     setObjectName(QStringLiteral("panePhotoSelect"));
     m_cap->setCaption(QStringLiteral("Select Files..."));
     m_show->setObjectName(QStringLiteral("lstShowFiles"));
@@ -95,10 +106,9 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
     m_tip->setInterval(300);
     m_tip->setSingleShot(true);
     connect(m_tip, &QTimer::timeout, this, &panePhotoSelect::tipTick);
+}
 
-    auto* buttons = new QWidget(this);
-    buildButtons(buttons);
-    buildFilterMenu();
+void panePhotoSelect::buildExtensionPanel() {
     m_extPanel->setObjectName(QStringLiteral("pExt"));
     m_ext->setObjectName(QStringLiteral("lstExt"));
     m_ext->setSelectionMode(QAbstractItemView::MultiSelection);
@@ -111,9 +121,11 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
     extLayout->addWidget(m_ext, 1);
     extLayout->addWidget(done);
     m_extPanel->hide();
+}
 
-    // One column, as the pane takes the editor's narrow place: buttons, the list, its status and
-    // filter, and the photo under the pointer (or the extension panel) below.
+// One column, as the pane takes the editor's narrow place: buttons, the list, its status and
+// filter, and the photo under the pointer (or the extension panel) below.
+void panePhotoSelect::buildLayout(QWidget* buttons) {
     auto* statusRow = new QHBoxLayout;
     statusRow->addWidget(m_stat, 1);
     statusRow->addWidget(m_filterLabel);
@@ -131,7 +143,9 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
     layout->addWidget(m_capImage);
     layout->addWidget(m_preview, 2);
     layout->addWidget(m_extPanel, 2);
+}
 
+void panePhotoSelect::connectEvents() {
     connect(m_show, &QListWidget::currentRowChanged, this, &panePhotoSelect::showPreview);
     connect(m_show->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &panePhotoSelect::requestIcons);
@@ -153,7 +167,6 @@ panePhotoSelect::panePhotoSelect(QWidget* parent)
         return FileDialogs::chooseFolder(m_owner ? m_owner : this,
                                          QStringLiteral("Select Folder to Add"), folder);
     };
-    UpdateList();
 }
 
 void panePhotoSelect::buildButtons(QWidget* row) {

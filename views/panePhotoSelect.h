@@ -55,7 +55,11 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void nameAndSetUp();
     void buildButtons(QWidget* row);
+    void buildExtensionPanel();
+    void buildLayout(QWidget* buttons);
+    void connectEvents();
     void buildFilterMenu();
     void popupFilter();
     void showPreview();

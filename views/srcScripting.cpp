@@ -44,6 +44,19 @@ srcScripting::srcScripting(QWidget* parent)
       m_indicator(new QWidget(m_content)), m_tools(new paneTools(m_content)),
       m_back(new QPushButton(ScriptingWorkflow::backCaption(), this)),
       m_next(new QPushButton(this)), m_status(new uCaptionBar(this)) {
+    nameAndLabel();
+    buildLayout();
+    buildWorkflow();
+    m_editor->setReferencePane(m_tools->GetReference());
+    connect(m_editor, &uScriptingWindow::PreviewRequest, m_tools->GetPreview(),
+            &uPreview::DoPreview);
+    // The editor's own first request was made before anyone listened.
+    m_editor->RequestPreview(true);
+    stepChanged();
+    setFocusProxy(m_editor->box());
+}
+
+void srcScripting::nameAndLabel() {
     setObjectName(QStringLiteral("srcScripting"));
     m_caption->setObjectName(QStringLiteral("uCap"));
     m_caption->setCaption(QStringLiteral("Scripting Editor"));
@@ -66,7 +79,9 @@ srcScripting::srcScripting(QWidget* parent)
     m_splitTag =
         mWindowsAPI::GetSettingValue(kSection, kKey, QString::number(ScriptingSplit::kDefault))
             .toInt();
+}
 
+void srcScripting::buildLayout() {
     auto* buttons = new QHBoxLayout;
     buttons->setContentsMargins(4, 4, 4, 4);
     buttons->addStretch(1);
@@ -81,7 +96,9 @@ srcScripting::srcScripting(QWidget* parent)
     layout->addLayout(buttons);
     layout->addWidget(m_status);
     m_content->installEventFilter(this);
+}
 
+void srcScripting::buildWorkflow() {
     m_runner = [](const QString& line) { return mEngineMain::RunCommandLine(line, false); };
     m_testRunner = [](const QString& line, const QString& output) {
         mEngineMain::PreviewRunOptions options;
@@ -101,14 +118,6 @@ srcScripting::srcScripting(QWidget* parent)
     m_workflow = std::make_unique<ScriptingWorkflow>(std::move(ports));
     connect(m_next, &QPushButton::clicked, this, [this] { m_workflow->next(); });
     connect(m_back, &QPushButton::clicked, this, [this] { m_workflow->back(); });
-
-    m_editor->setReferencePane(m_tools->GetReference());
-    connect(m_editor, &uScriptingWindow::PreviewRequest, m_tools->GetPreview(),
-            &uPreview::DoPreview);
-    // The editor's own first request was made before anyone listened.
-    m_editor->RequestPreview(true);
-    stepChanged();
-    setFocusProxy(m_editor->box());
 }
 
 srcScripting::~srcScripting() = default;

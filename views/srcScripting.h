@@ -56,6 +56,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void nameAndLabel();
+    void buildLayout();
+    void buildWorkflow();
     void stepChanged();
     void layoutContent();
 
