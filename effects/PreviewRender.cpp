@@ -48,7 +48,9 @@ QString sourceFor(const QString& photo) {
         return it->second;
     QString source = photo;
     if (PhotoPixels::largerThan(photo.toStdString(), kSourceSide)) {
-        const QString folder = ScratchFolder::path() + QStringLiteral("preview_source");
+        // One folder per photo path, so that photos of the same name never share a copy.
+        const QString folder = ScratchFolder::path() + QStringLiteral("preview_source\\") +
+                               QString::number(qHash(photo), 16);
         QDir().mkpath(native(folder));
         // The same file name, so that a script that shows or builds on it sees the real one.
         const QString copy = mFile::AddBackslash(folder) + mFile::GetPathPart(photo, 2);

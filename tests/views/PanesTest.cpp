@@ -6,7 +6,9 @@
 #include "controls/uCaptionBar.h"
 #include "editor/uScriptingWindow.h"
 #include "effects/PreviewPaneLogic.h"
+#include "effects/PreviewRender.h"
 #include "effects/uPreview.h"
+#include "platform/ScratchFolder.h"
 #include "platform/mFile.h"
 #include "platform/mWindowsAPI.h"
 #include "views/panePhotoSelect.h"
@@ -114,6 +116,22 @@ TEST_F(Panes, PreviewMenuChoosesMakesDefaultAndRestoresTheExample) {
     QString missing = tree.path("gone.jpg");
     pane.SetPreviewImage(missing);
     EXPECT_EQ(missing, PreviewPaneLogic::builtInExample());
+}
+
+TEST_F(Panes, ALargeExampleIsPreviewedOnAShrunkenCopyInTheScratchFolder) {
+    QImage big(2048, 1536, QImage::Format_RGB888);
+    big.fill(Qt::darkCyan);
+    tree.mkdir("photos");
+    ASSERT_TRUE(big.save(tree.nativePath("photos/big.jpg"), "JPG"));
+    const QString photo = tree.path("photos\\big.jpg");
+    const QString source = PreviewRender::sourceFor(photo);
+    EXPECT_TRUE(source.startsWith(ScratchFolder::path())) << source.toStdString();
+    EXPECT_TRUE(source.endsWith("\\big.jpg"));
+    EXPECT_EQ(QImage(QString::fromStdString(mFile::toDisk(source).string())).size(),
+              QSize(1024, 768));
+    EXPECT_EQ(PreviewRender::sourceFor(photo), source);
+    const QString small = sample("wine.jpg", "photos/wine.jpg");
+    EXPECT_EQ(PreviewRender::sourceFor(small), small);
 }
 
 TEST_F(Panes, ToolPaneEnlargesByCaptionDoubleClickAndKeepsTheBoundary) {
