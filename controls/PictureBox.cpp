@@ -5,26 +5,33 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+// Paints the photo fitted into its size; the fitted copy is kept until the photo or the size
+// changes, so repaints (a tool strip shown, a window dragged over) cost no rescaling.
 class PictureBox::ImageView : public QWidget {
 public:
     explicit ImageView(PictureBox* box) : QWidget(box), m_box(box) {}
+    void imageChanged() {
+        m_fitted = QPixmap();
+        update();
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         const QImage& image = m_box->m_image;
         if (image.isNull()) return;
-        QPainter painter(this);
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
         QSize size = image.size();
         if (size.width() > width() || size.height() > height())
             size.scale(this->size(), Qt::KeepAspectRatio);
-        const QRect target((width() - size.width()) / 2, (height() - size.height()) / 2,
-                           size.width(), size.height());
-        painter.drawImage(target, image);
+        if (m_fitted.size() != size)
+            m_fitted = QPixmap::fromImage(
+                image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+        QPainter(this).drawPixmap((width() - size.width()) / 2, (height() - size.height()) / 2,
+                                  m_fitted);
     }
 
 private:
     PictureBox* m_box;
+    QPixmap m_fitted;
 };
 
 PictureBox::PictureBox(QWidget* parent)
@@ -47,7 +54,7 @@ QWidget* PictureBox::imageView() const {
 
 void PictureBox::setImage(const QImage& image) {
     m_image = image;
-    m_view->update();
+    m_view->imageChanged();
 }
 
 void PictureBox::setImageVisible(bool visible) {
