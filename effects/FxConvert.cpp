@@ -56,6 +56,12 @@ int16_t toInteger16(double value) {
     return static_cast<int16_t>(r);
 }
 
+int32_t toLong32(double value) {
+    double r = std::nearbyint(value);
+    if (!(r >= -2147483648.0 && r <= 2147483647.0)) vbs::raise(vbs::ErrorCode::Overflow);
+    return static_cast<int32_t>(r);
+}
+
 vbs::Value toScriptValue(char code, const imaging::Arg& value) {
     double number = 0;
     if (auto* i = std::get_if<int32_t>(&value))

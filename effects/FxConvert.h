@@ -14,6 +14,8 @@ imaging::Arg toControlArg(char code, const vbs::Value& value);
 vbs::Value toScriptValue(char code, const imaging::Arg& value);
 // CInt of a computed number: banker's rounding, 6 Overflow outside the 16-bit range.
 int16_t toInteger16(double value);
+// CLng of a computed number: banker's rounding, 6 Overflow outside the 32-bit range.
+int32_t toLong32(double value);
 
 [[noreturn]] void raiseFromImaging(const imaging::ImagingError& error, std::u16string_view member);
 

@@ -169,22 +169,19 @@ void clsVTEffects::Colorize(int32_t color) {
     control().invoke("AdjustRGB", rgb);
 }
 
+// Sizes are 32-bit throughout: a panorama may be far wider than 32767 pixels.
 void clsVTEffects::ResizePercent(int16_t percent) {
-    double w = fx::toInteger16(std::get<int32_t>(control().property("ImagWidth")));
-    double h = fx::toInteger16(std::get<int32_t>(control().property("IHeight")));
-    double newWidth = std::nearbyint(w * (percent / 100.0));
-    double newHeight = std::nearbyint(h * (percent / 100.0));
-    if (std::abs(newWidth) > 2147483647.0 || std::abs(newHeight) > 2147483647.0)
-        vbs::raise(ErrorCode::Overflow);
-    ResizeAspect(static_cast<int32_t>(newWidth), static_cast<int32_t>(newHeight), false);
+    double w = std::get<int32_t>(control().property("ImagWidth"));
+    double h = std::get<int32_t>(control().property("IHeight"));
+    ResizeAspect(fx::toLong32(w * (percent / 100.0)), fx::toLong32(h * (percent / 100.0)), false);
 }
 
 // Fits the image into maxWidth x maxHeight keeping its proportions. Without allowEnlarge a fit
 // that grows one side calls itself again with crossed arguments; that crossing is deliberate.
 void clsVTEffects::ResizeAspect(int32_t maxWidth, int32_t maxHeight, bool allowEnlarge, int depth) {
     if (depth > 64) vbs::raise(ErrorCode::OutOfStackSpace, u"ResizeAspect");
-    double w = fx::toInteger16(std::get<int32_t>(control().property("ImagWidth")));
-    double h = fx::toInteger16(std::get<int32_t>(control().property("IHeight")));
+    double w = std::get<int32_t>(control().property("ImagWidth"));
+    double h = std::get<int32_t>(control().property("IHeight"));
     if (w == 0 || h == 0) vbs::raise(ErrorCode::DivisionByZero, u"ResizeAspect");
     double newWidth, newHeight;
     if (h > w) {
@@ -207,8 +204,7 @@ void clsVTEffects::ResizeAspect(int32_t maxWidth, int32_t maxHeight, bool allowE
         if (newWidth > w) return ResizeAspect(maxHeight, static_cast<int32_t>(w), false, depth + 1);
         if (newHeight > h) return ResizeAspect(static_cast<int32_t>(h), maxWidth, false, depth + 1);
     }
-    std::vector<imaging::Arg> size{int32_t(fx::toInteger16(newWidth)),
-                                   int32_t(fx::toInteger16(newHeight))};
+    std::vector<imaging::Arg> size{fx::toLong32(newWidth), fx::toLong32(newHeight)};
     control().invoke("PICResize", size);
 }
 

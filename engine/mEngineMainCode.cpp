@@ -134,19 +134,39 @@ FileList collectFiles(const QString& line, const Reports& reports, bool followLi
     return list;
 }
 
+namespace {
+
+// The pieces joined with "&" as a balanced tree, so that the nesting grows with the logarithm of
+// their number: a name of a thousand line breaks stays well inside the parser's depth limit.
+QString joinBalanced(const QStringList& pieces, qsizetype from, qsizetype to, bool outer) {
+    if (to - from == 1) return pieces[from];
+    const qsizetype middle = (from + to) / 2;
+    const QString joined = joinBalanced(pieces, from, middle, false) + QStringLiteral(" & ") +
+                           joinBalanced(pieces, middle, to, false);
+    return outer ? joined : u'(' + joined + u')';
+}
+
+} // namespace
+
 QString scriptStringExpression(const QString& text) {
-    QString out = QStringLiteral("\"");
+    // Quoted runs of ordinary characters, and the constants for line breaks between them.
+    QStringList pieces;
+    QString run;
+    auto closeRun = [&] {
+        if (!run.isEmpty()) pieces.append(u'"' + run + u'"');
+        run.clear();
+    };
     for (const QChar c : text) {
-        if (c == u'"')
-            out += QStringLiteral("\"\"");
-        else if (c == u'\r')
-            out += QStringLiteral("\" & vbCr & \"");
-        else if (c == u'\n')
-            out += QStringLiteral("\" & vbLf & \"");
-        else
-            out += c;
+        if (c == u'\r' || c == u'\n') {
+            closeRun();
+            pieces.append(c == u'\r' ? QStringLiteral("vbCr") : QStringLiteral("vbLf"));
+        } else {
+            run += c == u'"' ? QStringLiteral("\"\"") : QString(c);
+        }
     }
-    return out + u'"';
+    closeRun();
+    if (pieces.isEmpty()) return QStringLiteral("\"\"");
+    return joinBalanced(pieces, 0, pieces.size(), true);
 }
 
 bool backgroundSavesAllowed(const QString& script) {

@@ -124,14 +124,9 @@ void ImagingControl::applyWith(ApplyFn fn, const OpArgs& args, bool wholeImage) 
     if (w == 0 || h == 0) return;
     VImage part = fn(in.crop(x, y, w, h), args, ctx);
     VImage base = in;
-    if (part.bands() != base.bands() || part.format() != base.format()) {
-        // The effect changed the pixel layout (grey to colour, alpha added): lift both to 8-bit
-        // sRGB with alpha so the area can go back in.
-        base = toSrgb8WithAlpha(base);
-        part = toSrgb8WithAlpha(part);
-        if (!base.has_alpha() && part.has_alpha()) base = base.bandjoin(255);
-        if (base.has_alpha() && !part.has_alpha()) part = part.bandjoin(255);
-    }
+    // The effect may have changed the pixel layout (a colour on grey, alpha added): the area
+    // goes back into an image of the richer layout.
+    if (part.bands() != base.bands() || part.format() != base.format()) matchLayouts(base, part);
     setImage(base.insert(part, x, y));
 }
 
@@ -164,6 +159,7 @@ void ImagingControl::materialise() const {
     }
     m_streamed = false;
     m_consumed = false;
+    m_depth = 0;
 }
 
 // The image a save reads: a streamed pipeline is read by the save itself.
@@ -178,7 +174,10 @@ void ImagingControl::setImage(VImage image) {
     // libvips computes nothing until the pixels are read: refused here, an oversized result has
     // cost no memory yet.
     checkPixelLimit(m_running, image.width(), image.height());
-    if (m_hasImage && storedBool("UndoEnabled")) m_undo.assign(1, this->image());
+    if (m_hasImage && storedBool("UndoEnabled")) {
+        m_undo.assign(1, this->image());
+        m_undoDepth = m_depth;
+    }
     m_image = std::move(image);
     m_streamed = false;
     m_consumed = false;
@@ -186,6 +185,27 @@ void ImagingControl::setImage(VImage image) {
     m_source.untouched = false;
     m_bitsPerPixel = bitsPerPixelOf(m_image);
     m_greyPalette = false;
+    keepPipelineShallow();
+}
+
+// Every operation adds stages to the lazy pipeline, and each stage holds buffers of its own
+// while the pixels are computed (a megabyte or more for a photo): after a few operations the
+// image is computed into memory, so memory stays flat however long the chain. The undo snapshot
+// then holds the chain down to the previous copy, and lets it go at the next operation. A
+// script's usual handful of operations stays one pipeline, computed by the save.
+void ImagingControl::keepPipelineShallow() {
+    if (++m_depth < kPipelineDepth) return;
+    m_depth = 0;
+    // A very large image goes to a temporary file instead (deleted when no longer used), as
+    // libvips' own loaders do.
+    constexpr size_t kMemoryCopyLimit = size_t(256) << 20;
+    if (VIPS_IMAGE_SIZEOF_IMAGE(m_image.get_image()) <= kMemoryCopyLimit) {
+        m_image = m_image.copy_memory();
+        return;
+    }
+    VImage file = VImage::new_temp_file("%s.v");
+    m_image.write(file);
+    m_image = file;
 }
 
 void ImagingControl::setBitsPerPixel(int32_t bits, bool greyPalette) {
@@ -197,11 +217,12 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The name a loaded photo goes by: as written, unless the file was found only by matching its
-// name without regard to case (a save takes names exactly); then the file actually read.
+// The name a loaded photo goes by, in the "\" form every path of scripts takes: as written,
+// unless the file was found only by matching its name without regard to case (a save takes
+// names exactly); then the file actually read.
 std::string nameOfFileRead(const std::string& written, const std::string& native) {
     std::error_code ec;
-    if (fs::equivalent(savePath(written), native, ec)) return written;
+    if (fs::equivalent(savePath(written), native, ec)) return NativePath::toBackslash(written);
     return NativePath::toBackslash(native);
 }
 
@@ -261,13 +282,14 @@ void ImagingControl::pasteFromClipboard() {
     setImage(m_clipboard);
 }
 
+// With nothing kept (no change since the load or the last undo, or UndoEnabled off) undo does
+// nothing, as editors do.
 void ImagingControl::undo() {
-    if (m_undo.empty())
-        fail(ErrorCode::NothingToUndo,
-             "no change kept since the last load or undo (UndoEnabled keeps one)");
+    if (m_undo.empty()) return;
     VImage previous = m_undo.back();
     m_undo.clear();
     m_image = previous;
+    m_depth = m_undoDepth;
     m_streamed = false;
     m_consumed = false;
     m_bitsPerPixel = bitsPerPixelOf(m_image);
@@ -313,6 +335,7 @@ void ImagingControl::setFileName(const std::string& name) {
         }
         m_fileName = nameOfFileRead(path, loaded.source.nativePath);
         m_image = loaded.image;
+        m_depth = 0;
         m_hasImage = true;
         m_source = loaded.source;
         m_bitsPerPixel = loaded.bitsPerPixel;

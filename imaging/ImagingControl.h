@@ -58,8 +58,9 @@ public:
     void setProperty(std::string_view name, const Arg& value);
 
     // Files. Assigning the file name loads it (PageNbr selects the page). The file name reads
-    // back as written, or, when the file was found only by matching its name without regard to
-    // case, as the "\" form of the file actually read, so that saving under it replaces that file.
+    // back in the "\" form, as written, or, when the file was found only by matching its name
+    // without regard to case, as the file actually read, so that saving under it replaces that
+    // file.
     void setFileName(const std::string& name);
     const std::string& fileName() const { return m_fileName; }
     // Writes the image to SaveFileName. Refused: a file that is another photo of the run or was
@@ -143,6 +144,7 @@ private:
     void failIfJpegDamage(std::string_view message);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
     void materialise() const;
+    void keepPipelineShallow();
     void restreamIfConsumed() const;
     const vips::VImage& imageForSave();
     SaveOptions saveOptions() const;
@@ -160,6 +162,10 @@ private:
     // pixels gets them through image(), which first keeps the small result in memory; once a
     // save has read the pipeline (m_consumed), m_restream builds it again from the file.
     mutable vips::VImage m_image;
+    // Operations m_image holds as lazy stages above its last copy in memory (or its file).
+    static constexpr int32_t kPipelineDepth = 8;
+    mutable int32_t m_depth = 0;
+    int32_t m_undoDepth = 0;
     mutable bool m_streamed = false;
     mutable bool m_consumed = false;
     std::function<vips::VImage()> m_restream;

@@ -21,7 +21,6 @@ constexpr ErrorInfo kCatalogue[] = {
     {ErrorCode::PageNotFound, "Page not found"},
     {ErrorCode::ProcessingFailed, "Image operation failed"},
     {ErrorCode::NothingToPaste, "The clipboard holds no image"},
-    {ErrorCode::NothingToUndo, "Nothing to undo"},
     {ErrorCode::UnknownProperty, "Unknown property"},
     {ErrorCode::ReadOnlyProperty, "Property is read-only"},
     {ErrorCode::WrongArgumentCount, "Wrong number of arguments"},

@@ -25,7 +25,6 @@ enum class ErrorCode : int32_t {
     PageNotFound = 20010,
     ProcessingFailed = 20011,
     NothingToPaste = 20012,
-    NothingToUndo = 20013,
     UnknownProperty = 20014,
     ReadOnlyProperty = 20015,
     WrongArgumentCount = 20016,

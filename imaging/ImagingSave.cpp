@@ -61,6 +61,7 @@ void ImagingControl::prepareInPlace(const std::string& target, bool appending) {
     const VImage& whole = image();
     try {
         m_image = whole.copy_memory();
+        m_depth = 0;
     } catch (const vips::VError& e) {
         failFromVips(ErrorCode::DamagedImage, m_fileName, e);
     }

@@ -45,9 +45,10 @@ std::vector<const OperationDef*> buildRegistry() {
     return all;
 }
 
+// Whole numbers in full (16777215, not 1.67772e+07); fractions as short as they print.
 std::string formatNumber(double v) {
     char buf[32];
-    std::snprintf(buf, sizeof buf, "%g", v);
+    std::snprintf(buf, sizeof buf, v == std::trunc(v) && std::abs(v) < 1e15 ? "%.0f" : "%g", v);
     return buf;
 }
 

@@ -1,6 +1,7 @@
 // Generates the imaging control's reference text from its declaration tables.
 #include "imaging/Reference.h"
 
+#include <cmath>
 #include <cstdio>
 #include <sstream>
 
@@ -33,9 +34,10 @@ const char* typeName(ParamType t) {
     return "";
 }
 
+// Whole numbers in full (16777215, not 1.67772e+07).
 std::string number(double v) {
     char buf[32];
-    std::snprintf(buf, sizeof buf, "%g", v);
+    std::snprintf(buf, sizeof buf, v == std::trunc(v) && std::abs(v) < 1e15 ? "%.0f" : "%g", v);
     return buf;
 }
 

@@ -140,7 +140,9 @@ VImage ReplaceColors(const VImage& image, Colour low, Colour high, Colour replac
     checkArgument("ReplaceColors", "low", low);
     checkArgument("ReplaceColors", "high", high);
     checkArgument("ReplaceColors", "replacement", replacement);
-    return onColour("ReplaceColors", image, [&](const VImage& c, double white) {
+    // A colour replacement makes a grey image colour.
+    VImage target = detail::withColours(image, {replacement});
+    return onColour("ReplaceColors", target, [&](const VImage& c, double white) {
         int bands = c.bands();
         VImage inside = (c >= detail::colourInk(low, bands, white)).bandand() &
                         (c <= detail::colourInk(high, bands, white)).bandand();

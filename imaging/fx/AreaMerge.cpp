@@ -8,6 +8,7 @@
 #include "imaging/fx/FxCatalogue.h"
 #include "imaging/fx/FxError.h"
 #include "imaging/fx/PixelHelpers.h"
+#include "imaging/ops/PixelLayout.h"
 
 using vips::VImage;
 
@@ -37,9 +38,13 @@ VImage applyInArea(const VImage& image, const AreaRect& area, const Effect& effe
                                  "to the area");
     return guarded("Area", [&] {
         VImage patch = changed;
-        if (patch.bands() != image.bands() || patch.format() != image.format())
-            patch = patch.cast(image.format());
-        return image.insert(patch, r.x, r.y);
+        // Colour put on a grey area makes the whole image colour.
+        VImage base = imaging::isGreyLayout(image) && !imaging::isGreyLayout(patch)
+                          ? imaging::greyToColour(image)
+                          : image;
+        if (patch.bands() != base.bands() || patch.format() != base.format())
+            patch = patch.cast(base.format());
+        return base.insert(patch, r.x, r.y);
     });
 }
 
@@ -118,7 +123,9 @@ VImage Merge(const VImage& image, const VImage& clipboard, const MergeOptions& o
     checkArgument("Merge", "transparentColor", o.transparentColor);
     checkArgument("Merge", "high", o.highPercent);
     checkArgument("Merge", "low", o.lowPercent);
-    return detail::onColour("Merge", image, [&](const VImage& d, double white) {
+    // A colour clipboard makes a grey image colour.
+    VImage target = imaging::isGreyLayout(clipboard) ? image : imaging::greyToColour(image);
+    return detail::onColour("Merge", target, [&](const VImage& d, double white) {
         detail::Planes target{d, {}, false, d.format(), d.interpretation(), white};
         Placed clip = placeClipboard(clipboard, target, o.size);
         double low = o.lowPercent / 100.0, high = o.highPercent / 100.0;

@@ -10,6 +10,7 @@
 #include "imaging/fx/DrawShared.h"
 #include "imaging/fx/FxCatalogue.h"
 #include "imaging/fx/FxError.h"
+#include "imaging/fx/PixelHelpers.h"
 
 using vips::VImage;
 
@@ -121,21 +122,25 @@ VImage render(const char* member, const VImage& image, const DrawState& st, Box 
               bool closed, const PathBuilder& path, std::optional<Colour> solidFill = {}) {
     checkDrawState(st);
     checkArgument(member, "color", pen);
+    bool fills = solidFill || (closed && st.fillStyle != int(FillStyleCode::Transparent));
+    bool outlines = st.style != int(LineStyleCode::Transparent);
     return guarded(member, [&] {
+        VImage target = detail::withColours(
+            image, {outlines ? pen : 0, fills ? solidFill.value_or(st.fillColor) : 0});
         double pad = st.width / 2.0 + 2;
-        Canvas canvas(image, st.mode, b.left - pad, b.top - pad, b.right + pad + 1,
+        Canvas canvas(target, st.mode, b.left - pad, b.top - pad, b.right + pad + 1,
                       b.bottom + pad + 1);
         if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
         path(cr);
-        if (solidFill || (closed && st.fillStyle != int(FillStyleCode::Transparent))) {
+        if (fills) {
             if (solidFill)
                 detail::setCairoColour(cr, *solidFill);
             else
                 setFill(cr, st);
             cairo_fill_preserve(cr);
         }
-        if (st.style != int(LineStyleCode::Transparent)) {
+        if (outlines) {
             setLineStyle(cr, st);
             detail::setCairoColour(cr, pen);
             if (closed && st.style == int(LineStyleCode::InsideSolid)) {
@@ -146,7 +151,7 @@ VImage render(const char* member, const VImage& image, const DrawState& st, Box 
             cairo_stroke(cr);
         }
         cairo_new_path(cr);
-        return canvas.compositeOnto(image, st.mode);
+        return canvas.compositeOnto(target, st.mode);
     });
 }
 

@@ -21,9 +21,10 @@ bool sameName(std::string_view a, std::string_view b) {
            });
 }
 
+// Whole numbers in full (16777215, not 1.67772e+07).
 std::string numberText(double v) {
     char buf[32];
-    std::snprintf(buf, sizeof buf, "%g", v);
+    std::snprintf(buf, sizeof buf, v == std::trunc(v) && std::abs(v) < 1e15 ? "%.0f" : "%g", v);
     return buf;
 }
 

@@ -67,7 +67,7 @@ void expand(const ::fx::FxArgument& a, std::vector<ParamDef>& out) {
                 const std::string& meaning =
                     nameStore().emplace_back(std::string(axis) + " of point " + std::to_string(k) +
                                              "; leave out both of a pair for fewer points");
-                out.push_back({name, ParamType::Int, -32768, 32767, 0.0, meaning});
+                out.push_back({name, ParamType::Long, -2147483648.0, 2147483647.0, 0.0, meaning});
             }
         return;
     }

@@ -9,8 +9,9 @@
 namespace fx::table {
 
 constexpr double kColourMax = 0xFFFFFF;
-constexpr double kCoordMin = -32768;
-constexpr double kCoordMax = 32767;
+// Positions and sizes are 32-bit: images may be far wider than 32767 pixels.
+constexpr double kCoordMin = -2147483648.0;
+constexpr double kCoordMax = 2147483647.0;
 
 inline FxArgument ranged(std::string_view name, std::string_view type, double min, double max,
                          std::string_view meaning, std::string_view def = "") {
@@ -23,7 +24,7 @@ inline FxArgument plain(std::string_view name, std::string_view type, std::strin
 }
 
 inline FxArgument coord(std::string_view name, std::string_view meaning) {
-    return ranged(name, "integer", kCoordMin, kCoordMax, meaning);
+    return ranged(name, "long", kCoordMin, kCoordMax, meaning);
 }
 
 inline FxArgument colour(std::string_view name, std::string_view meaning,

@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "imaging/ops/PixelLayout.h"
+
 using vips::VImage;
 
 namespace fx::detail {
@@ -13,7 +15,7 @@ Planes splitPlanes(const VImage& image) {
     p.interpretation = image.interpretation();
     VImage in = image;
     if (in.format() != VIPS_FORMAT_UCHAR && in.format() != VIPS_FORMAT_USHORT)
-        in = in.cast(VIPS_FORMAT_UCHAR);
+        in = imaging::workingLayout(in);
     p.format = in.format();
     p.white = p.format == VIPS_FORMAT_USHORT ? 65535 : 255;
     p.hasAlpha = in.has_alpha();
@@ -30,6 +32,12 @@ VImage joinPlanes(const Planes& p, const VImage& colour) {
     VImage out = colour.format() == p.format ? colour : colour.cast(p.format);
     if (p.hasAlpha) out = out.bandjoin(p.alpha);
     return out.copy(VImage::option()->set("interpretation", p.interpretation));
+}
+
+VImage withColours(const VImage& image, std::initializer_list<Colour> colours) {
+    for (Colour c : colours)
+        if (!imaging::isGreyColour(c)) return imaging::greyToColour(image);
+    return image;
 }
 
 std::vector<double> colourInk(Colour c, int bands, double white) {
@@ -103,13 +111,13 @@ VImage remap(const VImage& image, const VImage& sx, const VImage& sy, const char
                           : sx.bandjoin(sy);
     auto* options =
         VImage::option()->set("interpolate", vips::VInterpolate::new_from_name(interpolator));
-    if (!edgeCopy) {
-        Planes p = splitPlanes(image);
-        std::vector<double> ink = colourInk(background, p.colour.bands(), p.white);
-        if (p.hasAlpha) ink.push_back(0);
-        options->set("background", ink);
-    }
-    return image.mapim(map, options);
+    if (edgeCopy) return image.mapim(map, options);
+    // A colour in the uncovered corners makes a grey image colour.
+    VImage source = withColours(image, {background});
+    Planes p = splitPlanes(source);
+    std::vector<double> ink = colourInk(background, p.colour.bands(), p.white);
+    if (p.hasAlpha) ink.push_back(0);
+    return source.mapim(map, options->set("background", ink));
 }
 
 } // namespace fx::detail

@@ -1,6 +1,7 @@
 // Shared plumbing of the effects: colour planes apart from alpha, tone scale, colours as ink.
 #pragma once
 
+#include <initializer_list>
 #include <vector>
 
 #include <vips/vips8>
@@ -11,7 +12,7 @@
 namespace fx::detail {
 
 // An image taken apart for an effect: colour bands (1 grey or 3 RGB) and the alpha band if any.
-// Formats other than 8 and 16 bits per channel are brought to 8 bits first.
+// Formats other than 8 and 16 bits per channel are brought to 16 bits first.
 struct Planes {
     vips::VImage colour;
     vips::VImage alpha;
@@ -33,6 +34,10 @@ vips::VImage onColour(const char* member, const vips::VImage& image, F&& effect)
         return joinPlanes(p, effect(p.colour, p.white));
     });
 }
+
+// The image ready to take these colours: a grey image becomes colour (at its depth) when one of
+// them is not a grey; otherwise it is returned as it is.
+vips::VImage withColours(const vips::VImage& image, std::initializer_list<Colour> colours);
 
 // The colour as one value per colour band at the given tone scale (grey: its luminance).
 std::vector<double> colourInk(Colour colour, int bands, double white);
@@ -57,7 +62,8 @@ vips::VImage noiseField(int width, int height, int bands, double sigma, int seed
 
 // Resamples image at (sx, sy) for every output pixel (float coordinate images). With edgeCopy a
 // position outside the image takes the nearest edge pixel; otherwise it shows the background
-// colour (transparent where the image has alpha).
+// colour (transparent where the image has alpha), and a grey image becomes colour for a colour
+// background.
 vips::VImage remap(const vips::VImage& image, const vips::VImage& sx, const vips::VImage& sy,
                    const char* interpolator, bool edgeCopy, Colour background = 0);
 

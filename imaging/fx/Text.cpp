@@ -8,6 +8,7 @@
 #include "imaging/fx/Drawing.h"
 #include "imaging/fx/FxCatalogue.h"
 #include "imaging/fx/FxError.h"
+#include "imaging/fx/PixelHelpers.h"
 
 using vips::VImage;
 
@@ -64,8 +65,9 @@ VImage DrawText(const VImage& image, const DrawState& st, int x, int y, const st
     checkArgument("DrawText", "color", color);
     if (text.empty()) return image;
     return guarded("DrawText", [&] {
+        VImage target = detail::withColours(image, {color});
         PangoRectangle e = textExtents(st.font, text);
-        detail::Canvas canvas(image, st.mode, x + e.x - 1, y + e.y - 1, x + e.x + e.width + 2,
+        detail::Canvas canvas(target, st.mode, x + e.x - 1, y + e.y - 1, x + e.x + e.width + 2,
                               y + e.y + e.height + 2);
         if (canvas.empty()) return image;
         cairo_t* cr = canvas.cr();
@@ -75,7 +77,7 @@ VImage DrawText(const VImage& image, const DrawState& st, int x, int y, const st
         detail::setCairoColour(cr, color);
         cairo_move_to(cr, x, y);
         pango_cairo_show_layout(cr, layout.get());
-        return canvas.compositeOnto(image, st.mode);
+        return canvas.compositeOnto(target, st.mode);
     });
 }
 

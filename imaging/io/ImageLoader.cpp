@@ -8,6 +8,7 @@
 
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/io/TiffPages.h"
 #include "platform/NativePath.h"
 
 namespace imaging {
@@ -251,11 +252,19 @@ void readHeader(LoadResult& r, const fs::path& native, const std::string& script
                                            std::to_string(image.height()) +
                                            " pixels; the limit is 250 megapixels");
     r.source.pages = image.get_typeof(VIPS_META_N_PAGES) ? image.get_int(VIPS_META_N_PAGES) : 1;
+    // ImageMagick hands back the first page for one past the end; the other loaders refuse it.
+    if (page >= r.source.pages)
+        fail(ErrorCode::PageNotFound, scriptPath + " page " + std::to_string(page + 1) +
+                                          " (the file has " + std::to_string(r.source.pages) +
+                                          (r.source.pages == 1 ? " page)" : " pages)"));
     if (r.source.format->code == format::Heic && image.get_typeof("heif-compression") &&
         image.get_string("heif-compression") == std::string("av1"))
         r.source.format = formatByCode(format::Avif);
     bool bilevel = r.source.format->code == format::Pbm;
     r.bitsPerPixel = bilevel ? 1 : bitsPerPixelOf(image);
+    // libvips reads black-and-white and palette TIFF pages as 8-bit grey or RGB.
+    if (r.source.format->code == format::Tiff)
+        if (int32_t stored = tiffPageBits(native, page)) r.bitsPerPixel = stored;
     r.source.orientation = orientationOf(image);
     r.image = r.source.orientation > 1 ? image.autorot() : image;
 }

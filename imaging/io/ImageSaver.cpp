@@ -7,6 +7,8 @@
 #include "imaging/io/FileReplace.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
+#include "imaging/io/TiffPages.h"
+#include "imaging/ops/PixelLayout.h"
 
 namespace imaging {
 
@@ -22,9 +24,11 @@ int32_t jpegQuality(const SaveOptions& o) {
 
 namespace {
 
+// Transparent pixels become white.
 VImage flattenAlpha(const VImage& in) {
+    double white = in.format() == VIPS_FORMAT_USHORT ? 65535 : 255;
     return in.has_alpha()
-               ? in.flatten(VImage::option()->set("background", std::vector<double>{255}))
+               ? in.flatten(VImage::option()->set("background", std::vector<double>{white}))
                : in;
 }
 
@@ -37,10 +41,22 @@ VImage toSrgb8(const VImage& in) {
     return out;
 }
 
-VImage toGrey(const VImage& in) {
-    VImage out = flattenAlpha(in);
-    if (out.bands() >= 3) out = out.colourspace(VIPS_INTERPRETATION_B_W);
-    return out.cast(VIPS_FORMAT_UCHAR);
+// The image at its own depth for a format that holds 16 bits a channel: 16-bit images stay so,
+// float ones stay float where floatKept (TIFF) and become 16 bits otherwise; 8-bit images and
+// the other formats become 8-bit sRGB or grey.
+VImage atOwnDepth(const VImage& in, bool floatKept) {
+    if (in.format() == VIPS_FORMAT_FLOAT && floatKept) return in;
+    if (in.format() == VIPS_FORMAT_USHORT || in.format() == VIPS_FORMAT_FLOAT)
+        return workingLayout(in);
+    return toSrgb8(in);
+}
+
+VImage toGrey(const VImage& in, bool deepKept = false) {
+    VImage out = flattenAlpha(deepKept ? atOwnDepth(in, false) : toSrgb8(in));
+    if (out.bands() >= 3)
+        out = out.colourspace(out.format() == VIPS_FORMAT_USHORT ? VIPS_INTERPRETATION_GREY16
+                                                                 : VIPS_INTERPRETATION_B_W);
+    return out;
 }
 
 // One bit a pixel: grey thresholded at the middle.
@@ -53,10 +69,8 @@ bool bilevelTiff(const SaveOptions& o) {
     return o.tifCompression == 7 || o.bitsPerPixel == 1;
 }
 
-VImage toRgb(const VImage& in) {
-    VImage out = flattenAlpha(toSrgb8(in));
-    if (out.bands() == 1) out = out.colourspace(VIPS_INTERPRETATION_sRGB);
-    return out;
+VImage toRgb(const VImage& in, bool deepKept = false) {
+    return greyToColour(flattenAlpha(deepKept ? atOwnDepth(in, false) : toSrgb8(in)));
 }
 
 // GIF transparency: pixels of the chosen colour become transparent.
@@ -67,14 +81,16 @@ VImage withTransparentColor(const VImage& in, int32_t color) {
     return rgb.bandjoin(match.ifthenelse(0, 255).cast(VIPS_FORMAT_UCHAR));
 }
 
+// The pixels as the format stores them. Depth is kept where the format holds it: 16 bits in
+// PNG, PPM, PGM and TIFF (but JPEG and WebP compression), float in TIFF.
 VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
     switch (f.code) {
     case format::Jpeg:
         return o.jpgGrayscale ? toGrey(in) : flattenAlpha(toSrgb8(in));
     case format::Ppm:
-        return toRgb(in);
+        return toRgb(in, true);
     case format::Pgm:
-        return toGrey(in);
+        return toGrey(in, true);
     case format::Pbm:
         return toBilevel(in);
     case format::Gif:
@@ -85,9 +101,14 @@ VImage prepare(const VImage& in, const FormatDef& f, const SaveOptions& o) {
                  "ICO images are at most 256 x 256 pixels; this one is " +
                      std::to_string(in.width()) + " x " + std::to_string(in.height()));
         return toSrgb8(in);
-    case format::Tiff:
+    case format::Tiff: {
         if (bilevelTiff(o)) return toBilevel(in);
-        return o.greyPalette ? toGrey(in) : toSrgb8(in);
+        if (o.greyPalette) return toGrey(in);
+        bool deepKept = o.tifCompression != 4 && o.tifCompression != 6; // not JPEG or WebP
+        return deepKept ? atOwnDepth(in, true) : toSrgb8(in);
+    }
+    case format::Png:
+        return o.greyPalette ? toGrey(in) : atOwnDepth(in, false);
     default:
         return o.greyPalette ? toGrey(in) : toSrgb8(in);
     }
@@ -100,13 +121,20 @@ constexpr VipsForeignTiffCompression kTiffCompression[] = {
     VIPS_FOREIGN_TIFF_COMPRESSION_WEBP,    VIPS_FOREIGN_TIFF_COMPRESSION_CCITTFAX4,
 };
 
+vips::VOption* withTiffOptions(vips::VOption* opt, const SaveOptions& o) {
+    opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", jpegQuality(o));
+    return bilevelTiff(o) ? opt->set("bitdepth", 1) : opt;
+}
+
 void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const char* path,
            int pageHeight) {
     auto* opt = VImage::option()->set("strip", !o.keepMetadata);
     if (pageHeight > 0) opt->set("page_height", pageHeight);
     int q = jpegQuality(o);
-    // Below 8 bits a palette is the only way to store the reduced depth that reads back as such.
-    bool palette = o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette);
+    // Below 8 bits a palette is the only way to store the reduced depth that reads back as such;
+    // 8 bits of colour are a palette too. 8 bits of grey stay grey.
+    bool palette =
+        o.bitsPerPixel < 8 || (o.bitsPerPixel == 8 && !o.greyPalette && !isGreyLayout(image));
     switch (f.code) {
     case format::Jpeg:
         image.jpegsave(path,
@@ -122,9 +150,7 @@ void write(const VImage& image, const FormatDef& f, const SaveOptions& o, const 
         image.pngsave(path, opt);
         return;
     case format::Tiff:
-        opt->set("compression", kTiffCompression[o.tifCompression])->set("Q", q);
-        if (bilevelTiff(o)) opt->set("bitdepth", 1);
-        image.tiffsave(path, opt);
+        image.tiffsave(path, withTiffOptions(opt, o));
         return;
     case format::Gif:
         opt->set("dither", o.gifType == 0 ? 1.0 : 0.0)->set("interlace", o.gifInterlaced);
@@ -182,7 +208,25 @@ VImage pagesOf(const fs::path& file, const FormatDef& f) {
     return VImage::magickload((std::string(f.saver) + ":" + file.string()).c_str(), all);
 }
 
-// Appending a page: the existing pages and the new one become one tall image with page-height.
+// A page joins a TIFF file as it is written, whatever the size, depth and compression of the
+// pages there: the file is copied to temp and the new page's bytes are linked in after its pages,
+// which are neither decoded nor written again. False when the file cannot take it that way.
+bool appendTiffPage(const VImage& page, const SaveOptions& o, const fs::path& file,
+                    const fs::path& temp, const std::string& scriptPath) {
+    VipsBlob* blob =
+        page.tiffsave_buffer(withTiffOptions(VImage::option()->set("strip", !o.keepMetadata), o));
+    size_t size = 0;
+    const auto* bytes = static_cast<const char*>(vips_blob_get(blob, &size));
+    std::string encoded(bytes, size);
+    vips_area_unref(VIPS_AREA(blob));
+    std::error_code ec;
+    fs::copy_file(file, temp, fs::copy_options::overwrite_existing, ec);
+    if (ec) fail(ErrorCode::CannotWrite, scriptPath + " (" + ec.message() + ")");
+    return appendTiffPages(temp, std::move(encoded));
+}
+
+// Appending a page by libvips: the existing pages and the new one, of one size, become one tall
+// image with page-height.
 VImage appendPage(const fs::path& file, const FormatDef& f, const VImage& page, int& pageHeight) {
     VImage old = pagesOf(file, f);
     int oldPage =
@@ -191,14 +235,14 @@ VImage appendPage(const fs::path& file, const FormatDef& f, const VImage& page, 
         fail(ErrorCode::CannotWrite, "a new page must have the size of the pages in " +
                                          file.string() + " (" + std::to_string(old.width()) +
                                          " x " + std::to_string(oldPage) + ")");
-    VImage base = old;
-    VImage add = page;
+    VImage base = toSrgb8(old);
+    VImage add = toSrgb8(page);
     if (base.bands() != add.bands()) {
         base = toRgb(base);
         add = toRgb(add);
     }
     pageHeight = oldPage;
-    return base.cast(VIPS_FORMAT_UCHAR).join(add.cast(VIPS_FORMAT_UCHAR), VIPS_DIRECTION_VERTICAL);
+    return base.join(add, VIPS_DIRECTION_VERTICAL);
 }
 
 } // namespace
@@ -247,10 +291,13 @@ void writeSave(PendingSave& save, const VImage& image, const std::string& source
     const SaveOptions& o = save.options;
     try {
         VImage ready = prepare(image, f, o);
-        int pageHeight = 0;
-        if (appendsPages(f, o, save.target.exists))
-            ready = appendPage(save.target.file, f, ready, pageHeight);
-        write(ready, f, o, save.temp.c_str(), pageHeight);
+        bool appending = appendsPages(f, o, save.target.exists);
+        if (!appending || f.code != format::Tiff ||
+            !appendTiffPage(ready, o, save.target.file, save.temp, save.scriptPath)) {
+            int pageHeight = 0;
+            if (appending) ready = appendPage(save.target.file, f, ready, pageHeight);
+            write(ready, f, o, save.temp.c_str(), pageHeight);
+        }
         syncFile(save.temp);
     } catch (const vips::VError& e) {
         abandonSave(save);

@@ -16,20 +16,27 @@ using T = ParamType;
 
 VImage adjustHsl(const VImage& in, const OpArgs& a, const OpContext&) {
     double hue = a.i(0), sat = a.i(1), lum = a.i(2);
-    return onColour(in, [&](const VImage& rgb) {
-        VImage lch = rgb.colourspace(VIPS_INTERPRETATION_LCH);
+    return onColour(in, [&](const VImage& colour, double) {
+        VImage lch = colour.colourspace(VIPS_INTERPRETATION_LCH);
         lch = lch.linear({1.0, (100.0 + sat) / 100.0, 1.0}, {lum, 0.0, hue});
-        return clampToUchar(lch.colourspace(VIPS_INTERPRETATION_sRGB));
+        return lch.colourspace(colour.interpretation());
     });
 }
 
 VImage adjustRgb(const VImage& in, const OpArgs& a, const OpContext&) {
     std::vector<double> v{double(a.i(1)), double(a.i(2)), double(a.i(3))};
-    return onColour(in, [&](const VImage& rgb) {
-        if (a.i(0) == 0)
-            return clampToUchar(rgb.linear(
-                {(100 + v[0]) / 100, (100 + v[1]) / 100, (100 + v[2]) / 100}, {0.0, 0.0, 0.0}));
-        return clampToUchar(rgb.linear({1.0, 1.0, 1.0}, v));
+    // Unequal changes of red, green and blue colour a grey image.
+    bool tinted = v[0] != v[1] || v[1] != v[2];
+    return onColour(tinted ? greyToColour(in) : in, [&](const VImage& colour, double white) {
+        std::vector<double> per(v.begin(), v.begin() + colour.bands());
+        if (a.i(0) == 0) {
+            for (double& p : per)
+                p = (100 + p) / 100;
+            return colour.linear(per, std::vector<double>(per.size(), 0.0));
+        }
+        for (double& p : per)
+            p *= white / 255;
+        return colour.linear(std::vector<double>(per.size(), 1.0), per);
     });
 }
 
@@ -37,18 +44,27 @@ void adjustHslRun(ImagingControl& c, const OpArgs& a);
 void adjustRgbRun(ImagingControl& c, const OpArgs& a);
 
 VImage brightness(const VImage& in, const OpArgs& a, const OpContext&) {
-    double offset = a.i(0) * 2.55;
-    return onColour(in, [&](const VImage& rgb) { return clampToUchar(rgb + offset); });
+    double percent = a.i(0);
+    return onColour(
+        in, [&](const VImage& colour, double white) { return colour + percent * white / 100; });
+}
+
+// Gamma n lightens the mid-tones for n from 2 to 20 (each tone v of 0..1 becomes v^(1/n));
+// Gamma -n darkens them as much (v^n), undoing Gamma n; 0, 1 and -1 leave the image as it is.
+double gammaOf(int32_t n) {
+    return n >= 1 ? n : n <= -1 ? 1.0 / -n : 1.0;
 }
 
 VImage gamma(const VImage& in, const OpArgs& a, const OpContext&) {
-    double g = a.d(0);
-    return onColour(
-        in, [&](const VImage& rgb) { return clampToUchar((rgb / 255.0).pow(1.0 / g) * 255.0); });
+    double g = gammaOf(a.i(0));
+    if (g == 1) return in;
+    return onColour(in, [&](const VImage& colour, double white) {
+        return (colour / white).pow(1.0 / g) * white;
+    });
 }
 
 VImage negate(const VImage& in, const OpArgs&, const OpContext&) {
-    return onColour(in, [](const VImage& rgb) { return rgb.invert(); });
+    return onColour(in, [](const VImage& colour, double) { return colour.invert(); });
 }
 
 void separation(ImagingControl& c, const OpArgs& a) {
@@ -68,7 +84,7 @@ constexpr ParamDef kRgb[] = {
     {"blue", T::Int, -255, 255, {}, "blue change"},
 };
 constexpr ParamDef kBrightness[] = {{"amount", T::Int, -100, 100, {}, "percent of full scale added"}};
-constexpr ParamDef kGamma[] = {{"gamma", T::Single, 0.05, 20, {}, "above 1 lightens the mid-tones, below 1 darkens them"}};
+constexpr ParamDef kGamma[] = {{"gamma", T::Int, -20, 20, {}, "2 to 20 lighten the mid-tones (gamma 2 to 20: a tone v of 0 to 1 becomes v^(1/gamma)); -2 to -20 darken them (gamma 1/2 to 1/20), so Gamma -n undoes Gamma n; 0, 1 and -1 change nothing"}};
 constexpr ParamDef kSeparation[] = {{"kind", T::Int, 0, 3, {}, "0 RGB, 1 HSL, 2 CMY, 3 CMYK; planes in that order"}};
 constexpr ParamDef kDepth[] = {
     {"bits", T::Int, 1, 24, {}, "bits per pixel: 1, 4, 8, 16 or 24"},

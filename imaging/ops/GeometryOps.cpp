@@ -1,4 +1,5 @@
 // Geometry operations: resizing, cropping, rotating, flipping, tiling.
+#include <algorithm>
 #include <cmath>
 
 #include "imaging/ImagingControl.h"
@@ -20,9 +21,12 @@ void resample(ImagingControl& c, const OpArgs& a) {
     c.resizeTo(a.i(0), a.i(1), false);
 }
 
-VImage cropClipped(const VImage& in, int x, int y, int w, int h, std::string_view op) {
-    int x0 = std::max(x, 0), y0 = std::max(y, 0);
-    int x1 = std::min(x + w, in.width()), y1 = std::min(y + h, in.height());
+VImage cropClipped(const VImage& in, int64_t x, int64_t y, int64_t w, int64_t h,
+                   std::string_view op) {
+    int x0 = int(std::clamp<int64_t>(x, 0, in.width()));
+    int y0 = int(std::clamp<int64_t>(y, 0, in.height()));
+    int x1 = int(std::clamp<int64_t>(x + w, 0, in.width()));
+    int y1 = int(std::clamp<int64_t>(y + h, 0, in.height()));
     if (x1 <= x0 || y1 <= y0)
         fail(ErrorCode::ArgumentOutOfRange, std::string(op) + ": the rectangle lies outside the " +
                                                 std::to_string(in.width()) + " x " +
@@ -43,7 +47,7 @@ VImage autoCrop(const VImage& in, const OpArgs& a, const OpContext&) {
         &top, &width, &height,
         VImage::option()->set("threshold", a.d(0) * 2.55 + 0.5)->set("background", bg));
     if (width <= 0 || height <= 0) return in; // all one colour: nothing to keep apart
-    int m = a.i(2);
+    int64_t m = a.i(2);
     return cropClipped(in, left - m, top - m, width + 2 * m, height + 2 * m, "AutoCrop");
 }
 
@@ -63,7 +67,10 @@ VImage rotate(const VImage& in, const OpArgs& a, const OpContext& ctx) {
     if (angle == 90) return in.rot(VIPS_ANGLE_D90);
     if (angle == 180) return in.rot(VIPS_ANGLE_D180);
     if (angle == 270) return in.rot(VIPS_ANGLE_D270);
-    return in.rotate(angle, VImage::option()->set("background", backgroundFor(in, ctx.backColor)));
+    // A colour in the corners makes a grey photo colour.
+    VImage src = isGreyColour(ctx.backColor) ? in : greyToColour(in);
+    return src.rotate(angle,
+                      VImage::option()->set("background", backgroundFor(src, ctx.backColor)));
 }
 
 VImage flip(const VImage& in, const OpArgs&, const OpContext&) {
@@ -79,16 +86,20 @@ VImage tile(const VImage& in, const OpArgs& a, const OpContext&) {
     return in.replicate(a.i(0), a.i(1));
 }
 
+// A side is bounded only by the pixel limit (width x height at most kMaxPixels).
+constexpr double kSide = kMaxPixels;
+constexpr double kLongMin = -2147483648.0, kLongMax = 2147483647.0;
+
 // clang-format off
 constexpr ParamDef kSize[] = {
-    {"width", T::Long, 1, 65535, {}, "new width in pixels"},
-    {"height", T::Long, 1, 65535, {}, "new height in pixels"},
+    {"width", T::Long, 1, kSide, {}, "new width in pixels"},
+    {"height", T::Long, 1, kSide, {}, "new height in pixels"},
 };
 constexpr ParamDef kCrop[] = {
-    {"x", T::Long, -65535, 65535, {}, "left edge"},
-    {"y", T::Long, -65535, 65535, {}, "top edge"},
-    {"width", T::Long, 1, 65535, {}, "width kept"},
-    {"height", T::Long, 1, 65535, {}, "height kept"},
+    {"x", T::Long, kLongMin, kLongMax, {}, "left edge"},
+    {"y", T::Long, kLongMin, kLongMax, {}, "top edge"},
+    {"width", T::Long, 1, kLongMax, {}, "width kept"},
+    {"height", T::Long, 1, kLongMax, {}, "height kept"},
 };
 constexpr ParamDef kAutoCrop[] = {
     {"tolerance", T::Single, 0, 100, {}, "how far (percent) a border pixel may differ from the border colour"},

@@ -15,11 +15,42 @@ VImage toSrgb8WithAlpha(const VImage& in) {
     return out;
 }
 
-VImage onColour(const VImage& in, const std::function<VImage(const VImage&)>& fn) {
-    VImage rgb = toSrgb8WithAlpha(in);
-    if (!rgb.has_alpha()) return fn(rgb);
-    VImage colour = rgb.extract_band(0, VImage::option()->set("n", rgb.bands() - 1));
-    return fn(colour).bandjoin(rgb.extract_band(rgb.bands() - 1));
+VImage onColour(const VImage& in, const ToneFn& fn) {
+    VImage work = workingLayout(in);
+    double white = work.format() == VIPS_FORMAT_USHORT ? 65535 : 255;
+    bool alpha = work.has_alpha();
+    VImage colour =
+        alpha ? work.extract_band(0, VImage::option()->set("n", work.bands() - 1)) : work;
+    // cast clips to the range of the format.
+    VImage out = fn(colour, white).cast(work.format());
+    if (alpha) out = out.bandjoin(work.extract_band(work.bands() - 1));
+    return out.copy(VImage::option()->set("interpretation", work.interpretation()));
+}
+
+void matchLayouts(VImage& a, VImage& b) {
+    a = workingLayout(a);
+    b = workingLayout(b);
+    // 8 bits go up to 16, alpha too: 255 becomes 65535.
+    auto deepen = [](const VImage& v) {
+        if (v.format() == VIPS_FORMAT_USHORT) return v;
+        auto space = isGreyLayout(v) ? VIPS_INTERPRETATION_GREY16 : VIPS_INTERPRETATION_RGB16;
+        return (v.cast(VIPS_FORMAT_USHORT) * 257)
+            .cast(VIPS_FORMAT_USHORT)
+            .copy(VImage::option()->set("interpretation", space));
+    };
+    if (a.format() != b.format()) {
+        a = deepen(a);
+        b = deepen(b);
+    }
+    if (isGreyLayout(a) != isGreyLayout(b)) {
+        a = greyToColour(a);
+        b = greyToColour(b);
+    }
+    double opaque = a.format() == VIPS_FORMAT_USHORT ? 65535 : 255;
+    if (a.has_alpha() != b.has_alpha()) {
+        VImage& plain = a.has_alpha() ? b : a;
+        plain = plain.bandjoin_const({opaque});
+    }
 }
 
 std::vector<double> backgroundFor(const VImage& in, int32_t color) {

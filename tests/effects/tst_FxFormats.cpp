@@ -213,10 +213,50 @@ TEST(FxFormats, MultiPageAppendAndPageSelection) {
               255 - reader.control->image().avg() + 30);
     reader.let(u"PageNbr", I(9));
     EXPECT_EQ(reader.errorOf([&] { reader.load(tif); }), 20010);
-    // A page of another size cannot join the file; the file keeps its pages.
-    d.call(u"Crop", {I(0), I(0), I(10), I(10)});
-    EXPECT_EQ(d.errorOf([&] { d.saveAs(tif); }), 20005);
+}
+
+// Portrait and landscape photos, 8 and 16 bits, black and white: every page joins one TIFF as it
+// is, and the pages already there stay byte for byte.
+TEST(FxFormats, MultiPageTiffTakesPagesOfAnySize) {
+    TempDir dir;
+    gradient(300, 200).pngsave(dir.str("land.png").c_str());
+    (gradient(120, 180).cast(VIPS_FORMAT_USHORT) * 257)
+        .cast(VIPS_FORMAT_USHORT)
+        .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16))
+        .pngsave(dir.str("port16.png").c_str());
+    std::string tif = dir.str("book.tif");
+    FxDriver d;
+    d.let(u"SaveMultiPage", vbs::Value(true));
+    d.load(dir.str("land.png"));
+    d.saveAs(tif);
+    std::string firstPage = readFile(tif);
+    d.load(dir.str("port16.png"));
+    d.saveAs(tif);
+    d.let(u"SaveTIFCompression", I(7)); // CCITT G4, black and white
+    d.load(dir.str("land.png"));
+    d.call(u"Crop", {L(0), L(0), L(50), L(40)});
+    d.saveAs(tif);
+    std::string book = readFile(tif);
+    size_t changed = 0; // the link from the first page to the next one
+    for (size_t k = 0; k < firstPage.size(); ++k)
+        changed += book[k] != firstPage[k];
+    EXPECT_LE(changed, 4u);
     EXPECT_EQ(d.get(u"NumPages", {S(tif.c_str())}).toLong(), 3);
+    struct Page {
+        int width, height, bpp;
+    };
+    const Page pages[] = {{300, 200, 24}, {120, 180, 48}, {50, 40, 1}};
+    FxDriver reader;
+    for (int k = 0; k < 3; ++k) {
+        reader.let(u"PageNbr", I(k + 1));
+        reader.load(tif);
+        EXPECT_EQ(reader.width(), pages[k].width) << k;
+        EXPECT_EQ(reader.height(), pages[k].height) << k;
+        EXPECT_EQ(reader.get(u"IBPP").toLong(), pages[k].bpp) << k;
+    }
+    vips::VImage deep = vips::VImage::new_from_file(dir.str("port16.png").c_str());
+    vips::VImage back = vips::VImage::tiffload(tif.c_str(), vips::VImage::option()->set("page", 1));
+    EXPECT_EQ((back - deep).abs().max(), 0);
 }
 
 TEST(FxFormats, MetadataAndOrientationKept) {
@@ -264,26 +304,59 @@ TEST(FxFormats, MultiPageGifAndDcx) {
         int err = d.errorOf([&] { d.saveAs(path); });
         ASSERT_EQ(err, 0) << name << ": " << d.lastDescription;
         EXPECT_EQ(d.get(u"NumPages", {S(path.c_str())}).toLong(), 2) << name;
+        FxDriver reader;
+        reader.let(u"PageNbr", I(3));
+        EXPECT_EQ(reader.errorOf([&] { reader.load(path); }), 20010) << name;
     }
 }
 
-TEST(FxFormats, SixteenBitPhotosAreScaledForEightBitFormats) {
+// 16-bit and float photos keep their depth where the format holds it, from a plain load and
+// save and through the control's own tone operations; 8-bit formats get them scaled.
+TEST(FxFormats, DepthIsKeptWhereTheFormatHoldsIt) {
     TempDir dir;
+    vips::VImage eight = gradient(64, 48);
     vips::VImage deep =
-        (gradient(64, 48).cast(VIPS_FORMAT_USHORT) * 257)
+        (eight.cast(VIPS_FORMAT_USHORT) * 257 + 100)
             .cast(VIPS_FORMAT_USHORT)
             .copy(vips::VImage::option()->set("interpretation", VIPS_INTERPRETATION_RGB16));
     deep.pngsave(dir.str("deep.png").c_str());
+    deep.tiffsave(dir.str("deep.tif").c_str());
+    deep.colourspace(VIPS_INTERPRETATION_GREY16).pngsave(dir.str("grey16.png").c_str());
+    vips::VImage linear = eight.colourspace(VIPS_INTERPRETATION_scRGB);
+    linear.tiffsave(dir.str("float.tif").c_str());
+    auto read = [&](const char* name) {
+        return vips::VImage::new_from_file(dir.str(name).c_str());
+    };
+    auto same = [](const vips::VImage& a, const vips::VImage& b) {
+        return a.format() == b.format() && a.bands() == b.bands() && (a - b).abs().max() == 0;
+    };
     FxDriver d;
+    for (const char* name : {"grey16.png", "deep.tif", "float.tif", "deep.png"}) {
+        d.load(dir.str(name));
+        std::string copy = std::string("copy-") + name;
+        d.saveAs(dir.str(copy));
+        EXPECT_TRUE(same(read(copy.c_str()), read(name))) << name;
+    }
+    d.saveAs(dir.str("deep.ppm")); // deep.png is loaded last above
+    EXPECT_TRUE(same(read("deep.ppm"), read("deep.png")));
+    d.load(dir.str("grey16.png"));
+    d.saveAs(dir.str("grey16.pgm"));
+    EXPECT_TRUE(same(read("grey16.pgm"), read("grey16.png")));
+    d.load(dir.str("float.tif"));
+    EXPECT_EQ(d.get(u"IBPP").toLong(), 96);
     d.load(dir.str("deep.png"));
     EXPECT_EQ(d.get(u"IBPP").toLong(), 48);
     d.saveAs(dir.str("flat.jpg"));
-    vips::VImage flat = vips::VImage::new_from_file(dir.str("flat.jpg").c_str());
-    EXPECT_NEAR(flat.avg(), gradient(64, 48).avg(), 3);
+    EXPECT_NEAR(read("flat.jpg").avg(), eight.avg(), 3);
     d.call(u"Negate");
+    d.call(u"Brightness", {I(0)});
     d.saveAs(dir.str("neg.png"));
-    EXPECT_NEAR(vips::VImage::new_from_file(dir.str("neg.png").c_str()).avg(),
-                255 - gradient(64, 48).avg(), 3);
+    vips::VImage neg = read("neg.png");
+    EXPECT_EQ(neg.format(), VIPS_FORMAT_USHORT);
+    EXPECT_EQ((neg - (65535 - deep)).abs().max(), 0);
+    d.let(u"SaveTIFCompression", I(4)); // JPEG in TIFF holds 8 bits
+    d.saveAs(dir.str("jpeg.tif"));
+    EXPECT_EQ(read("jpeg.tif").format(), VIPS_FORMAT_UCHAR);
 }
 
 TEST(FxFormats, GifTypeChoosesDithering) {

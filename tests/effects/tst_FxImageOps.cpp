@@ -84,6 +84,76 @@ TEST_F(FxOps, ColourAdjustmentsAndTheirReadBacks) {
     EXPECT_EQ(d.errorOf([&] { d.call(u"AdjustRGB", {I(3), I(0), I(0), I(0)}); }), 20008);
 }
 
+// Gamma n lightens the mid-tones, Gamma -n darkens them and undoes Gamma n.
+TEST_F(FxOps, GammaBelowAndAboveOne) {
+    VImage original = image().copy_memory();
+    d.call(u"Gamma", {I(2)});
+    VImage lighter = image().copy_memory();
+    d.call(u"Gamma", {I(-2)});
+    VImage back = image().copy_memory();
+    d.call(u"Gamma", {I(-2)});
+    double mid = original.avg();
+    EXPECT_GT(lighter.avg(), mid + 20);
+    EXPECT_LT(image().avg(), mid - 20);
+    EXPECT_LE((back.cast(VIPS_FORMAT_INT) - original.cast(VIPS_FORMAT_INT)).abs().max(), 2);
+    // A tone of 64 of 255 (0.25) becomes 0.5 under gamma 2, 0.0625 under gamma 1/2.
+    VImage grey = VImage::black(8, 8) + 64;
+    grey.cast(VIPS_FORMAT_UCHAR).pngsave(dir.str("g64.png").c_str());
+    for (auto [n, tone] : {std::pair{2, 128.0}, {-2, 16.0}, {1, 64.0}, {0, 64.0}}) {
+        d.load(dir.str("g64.png"));
+        d.call(u"Gamma", {I(n)});
+        EXPECT_NEAR(image().avg(), tone, 1) << n;
+    }
+    EXPECT_EQ(d.errorOf([&] { d.call(u"Gamma", {I(21)}); }), 20008);
+    EXPECT_NE(d.lastDescription.find("(allowed -20 to 20)"), std::string::npos);
+}
+
+// A colour drawn, filled or merged onto a greyscale photo shows in colour: the photo becomes
+// colour at its depth. Grey drawn on it keeps it grey.
+TEST_F(FxOps, ColourOnAGreyPhotoShowsInColour) {
+    testsupport::gradient(200, 120)
+        .colourspace(VIPS_INTERPRETATION_B_W)
+        .jpegsave(dir.str("grey.jpg").c_str());
+    auto isRed = [](const std::vector<double>& px) {
+        return px[0] > 200 && px[1] < 60 && px[2] < 60;
+    };
+    d.load(dir.str("grey.jpg"));
+    d.call(u"DrawLine", {I(10), I(10), I(190), I(10), L(0x808080)});
+    d.saveAs(dir.str("grey.png"));
+    EXPECT_EQ(VImage::new_from_file(dir.str("grey.png").c_str()).bands(), 1); // grey stays grey
+    d.call(u"DrawWidth", {L(3)});
+    d.call(u"DrawLine", {I(10), I(20), I(190), I(20), L(0x0000FF)});
+    d.call(u"Font", {S("Sans"), L(28), vbs::Value(false), vbs::Value(true), vbs::Value(false),
+                     vbs::Value(false)});
+    d.call(u"DrawText", {I(10), I(40), S("RED"), L(0x0000FF)});
+    d.saveAs(dir.str("drawn.jpg"));
+    VImage drawn = VImage::new_from_file(dir.str("drawn.jpg").c_str());
+    ASSERT_EQ(drawn.bands(), 3);
+    EXPECT_TRUE(isRed(drawn.getpoint(100, 20)));
+    VImage text = drawn.crop(10, 40, 80, 40);
+    VImage red = (text[0] > 200) & (text[1] < 60) & (text[2] < 60);
+    EXPECT_GT(red.avg(), 0.05 * 255); // part of the text box is red
+    EXPECT_LT(std::abs(drawn.getpoint(100, 100)[0] - drawn.getpoint(100, 100)[2]), 8);
+
+    d.load(dir.str("grey.jpg"));
+    d.call(u"Colorize", {L(0x0000FF)}); // tints the black-and-white photo red
+    EXPECT_EQ(image().bands(), 3);
+    EXPECT_EQ(image()[0].min(), 255);
+
+    d.load(dir.str("grey.jpg"));
+    d.let(u"BackColor", L(0x0000FF));
+    d.call(u"Rotate", {I(30)});
+    EXPECT_TRUE(isRed(image().getpoint(0, 0)));
+
+    d.load(testsupport::samplePhoto());
+    d.call(u"Copy");
+    d.load(dir.str("grey.jpg"));
+    d.call(u"Merge", {vbs::Value(true), I(1)}); // the colour clipboard stretched over the photo
+    EXPECT_EQ(image().bands(), 3);
+    EXPECT_GT((image()[0].cast(VIPS_FORMAT_INT) - image()[2].cast(VIPS_FORMAT_INT)).abs().max(),
+              60);
+}
+
 TEST_F(FxOps, ColorizeGreysThenAddsTheColour) {
     d.call(u"Colorize", {L(255)});
     EXPECT_EQ(image()[0].min(), 255);
@@ -144,15 +214,48 @@ TEST_F(FxOps, ColorSeparationPlanes) {
 }
 
 TEST_F(FxOps, CopyPasteUndo) {
+    d.call(u"Undo"); // nothing to undo yet: nothing happens
+    EXPECT_EQ(d.width(), 64);
     d.call(u"Copy");
     d.call(u"Resample", {I(8), I(8)});
     EXPECT_EQ(d.width(), 8);
     d.call(u"Undo");
     EXPECT_EQ(d.width(), 64);
+    d.call(u"Undo");
+    EXPECT_EQ(d.width(), 64);
+    EXPECT_EQ(d.get(u"ImagError").toLong(), 0);
     d.call(u"Resize", {I(10), I(10)});
     d.call(u"Paste");
     EXPECT_EQ(d.width(), 64);
     EXPECT_EQ(d.height(), 48);
     d.call(u"PICResize", {I(32), I(24)});
     EXPECT_EQ(d.width(), 32);
+}
+
+// Sizes are 32-bit: a panorama far wider than 32767 pixels loads, reports its size, resizes and
+// crops; only the pixel limit bounds a side.
+TEST(FxLargeImages, APanoramaWiderThan32767Pixels) {
+    TempDir dir;
+    // Tone rises along x: 0 at the left edge, 250 at x = 40000.
+    VImage ramp = (VImage::xyz(40000, 2000)[0] * (250.0 / 40000)).cast(VIPS_FORMAT_UCHAR);
+    ramp.pngsave(dir.str("pano.png").c_str(), VImage::option()->set("compression", 1));
+    FxDriver d;
+    d.load(dir.str("pano.png"));
+    EXPECT_EQ(d.get(u"ImagWidth").toLong(), 40000);
+    EXPECT_EQ(d.get(u"ImagHeight").toLong(), 2000);
+    d.call(u"Resize", {L(32768), L(1600)});
+    EXPECT_EQ(d.width(), 32768);
+    d.call(u"ResizeAspect", {L(36000), L(36000), vbs::Value(false)});
+    EXPECT_EQ(d.width(), 32768); // already fits
+    d.call(u"Crop", {L(30000), L(100), L(2768), L(1000)});
+    EXPECT_EQ(d.width(), 2768);
+    EXPECT_EQ(d.height(), 1000);
+    d.saveAs(dir.str("part.png"));
+    VImage part = VImage::new_from_file(dir.str("part.png").c_str());
+    EXPECT_NEAR(part.getpoint(0, 0)[0], 250.0 * 30000 / 32768, 1.5);
+    d.call(u"ResizePercent", {I(50)});
+    EXPECT_EQ(d.width(), 1384);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"Resize", {L(250000001), L(1)}); }), 20008);
+    EXPECT_NE(d.lastDescription.find("(allowed 1 to 250000000)"), std::string::npos)
+        << d.lastDescription;
 }

@@ -139,7 +139,8 @@ TEST(MainCode, PathsBecomeStringExpressionsThatCannotEndTheLiteral) {
               QStringLiteral("ProcessEffects \"\\p\\a.jpg\"\r\n"
                              "ProcessEffects \"\\p\\say \"\"hi\"\" & x.jpg\"\r\n"));
     EXPECT_EQ(scriptStringExpression("a\r\nb\"\n"),
-              QStringLiteral("\"a\" & vbCr & \"\" & vbLf & \"b\"\"\" & vbLf & \"\""));
+              QStringLiteral("(\"a\" & vbCr) & (vbLf & (\"b\"\"\" & vbLf))"));
+    EXPECT_EQ(scriptStringExpression(""), QStringLiteral("\"\""));
 }
 
 TEST(EffectsBody, StatementItemsInOrder) {

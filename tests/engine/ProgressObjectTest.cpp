@@ -14,6 +14,8 @@ namespace {
 
 struct NullBackend : ProgressBackend {
     void render(const ProgressState&) override {}
+    void processEvents() override { ++eventPasses; }
+    int eventPasses = 0;
 };
 
 Value call(vbs::Dispatch& object, std::u16string_view name, InvokeKind kind,
@@ -46,13 +48,19 @@ TEST(ProgressObject, MembersAreFoundWithoutRegardToCase) {
 }
 
 TEST(ProgressObject, ShowHideCaptionAndLabel) {
-    frmConvProgress form(std::make_unique<NullBackend>());
+    auto backend = std::make_unique<NullBackend>();
+    NullBackend* events = backend.get();
+    frmConvProgress form(std::move(backend));
     auto progress = vbs::makeRef<ProgressObject>(form);
     call(*progress, u"show", InvokeKind::Method);
     EXPECT_TRUE(form.Visible());
     EXPECT_TRUE(call(*progress, u"Visible", InvokeKind::PropertyGet).toBoolean());
     call(*progress, u"hide", InvokeKind::Method);
     EXPECT_FALSE(form.Visible());
+    call(*progress, u"Visible", InvokeKind::PropertyLet, {Value(true)});
+    EXPECT_TRUE(form.Visible());
+    call(*progress, u"DoXEvents", InvokeKind::Method);
+    EXPECT_EQ(events->eventPasses, 1);
     call(*progress, u"Caption", InvokeKind::PropertyLet, {Value(u"Working")});
     EXPECT_EQ(form.Caption(), QStringLiteral("Working"));
     EXPECT_EQ(call(*progress, u"caption", InvokeKind::PropertyGet).toString(), u"Working");

@@ -1,6 +1,7 @@
 // Test helpers shared by the imaging and effects tests.
 #include "ImagingTestSupport.h"
 
+#include <algorithm>
 #include <fstream>
 
 #include "imaging/ImagingControl.h"
@@ -57,6 +58,11 @@ std::string sourceDir() {
 }
 std::string samplePhoto() {
     return sourceDir() + "/data/samples/umang.jpg";
+}
+
+std::string backslashed(std::string path) {
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
 }
 
 std::string readFile(const std::string& path) {

@@ -34,6 +34,9 @@ void writeJpeg(const std::string& path, int width, int height, int orientation =
 std::string samplePhoto();
 std::string sourceDir();
 
+// A native path in the "\\" form scripts use.
+std::string backslashed(std::string path);
+
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, const std::string& bytes);
 

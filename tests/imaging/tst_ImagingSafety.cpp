@@ -54,7 +54,8 @@ TEST(ImagingSafety, ARunNeverWritesOverAnotherOfItsPhotos) {
     // out.tif was written for x.jpg: another photo may add a page to it, not replace it.
     c.setFileName(dir.str("x.png"));
     c.setProperty("SaveFileName", dir.str("out.tif"));
-    expectRefused(c, "was already written by this run for " + dir.str("x.jpg"));
+    expectRefused(c, "was already written by this run for " +
+                         testsupport::backslashed(dir.str("x.jpg")));
     c.setProperty("SaveMultiPage", true);
     c.saveFile();
     EXPECT_EQ(c.numPages(dir.str("out.tif")), 2);

@@ -48,7 +48,7 @@ TEST(Area, RectangleIsClippedOrRefused) {
         [&] {
             fx::applyInArea(in, {0, 0, -1, 10}, invert);
         },
-        "Area", "width must be 0 to 32767");
+        "Area", "width must be 0 to 2147483647");
     fx::AreaRect toEdges = fx::clipArea({40, 30, 0, 0}, 240, 160);
     EXPECT_EQ(toEdges.width, 200);
     EXPECT_EQ(toEdges.height, 130);

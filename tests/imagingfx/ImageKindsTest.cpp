@@ -15,6 +15,7 @@ struct Case {
     const char* name;
     bool movesPixels; // distortions move alpha with the colour
     std::function<VImage(const VImage&)> run;
+    bool putsColour = false; // draws, fills or merges a colour that is not a grey
 };
 
 std::vector<Case> cases() {
@@ -44,7 +45,7 @@ std::vector<Case> cases() {
              return fx::Matrix(i, {1, 2, 1, 2, 4, 2, 1, 2, 1}, 16, 0);
          }},
         {"ReplaceColors", false,
-         [](const VImage& i) { return fx::ReplaceColors(i, 0, 0x808080, 0xFF); }},
+         [](const VImage& i) { return fx::ReplaceColors(i, 0, 0x808080, 0xFF); }, true},
         {"Parabolic", false, [](const VImage& i) { return fx::Parabolic(i, 70); }},
         {"Swirl", true, [](const VImage& i) { return fx::Swirl(i, 90); }},
         {"Twist", true, [](const VImage& i) { return fx::Twist(i, 45, 32); }},
@@ -57,10 +58,11 @@ std::vector<Case> cases() {
                  i, {fx::Point{5, 5}, fx::Point{200, 0}, fx::Point{230, 150}, fx::Point{0, 140}});
          }},
         {"DrawPie", false,
-         [st](const VImage& i) { return fx::DrawPie(i, st, 10, 10, 100, 100, 0, 120, 0xFF); }},
+         [st](const VImage& i) { return fx::DrawPie(i, st, 10, 10, 100, 100, 0, 120, 0xFF); },
+         true},
         {"DrawText", false,
-         [st](const VImage& i) { return fx::DrawText(i, st, 10, 10, "Text", 0xFF00); }},
-        {"Merge", false, [](const VImage& i) { return fx::Merge(i, photo(), {}); }},
+         [st](const VImage& i) { return fx::DrawText(i, st, 10, 10, "Text", 0xFF00); }, true},
+        {"Merge", false, [](const VImage& i) { return fx::Merge(i, photo(), {}); }, true},
     };
 }
 
@@ -74,12 +76,24 @@ void expectKindKept(const VImage& in, const VImage& out, const char* name) {
 
 } // namespace
 
-TEST(ImageKinds, GreyImagesStayGrey) {
+// Grey stays grey, 8 or 16 bits, until a colour is drawn, filled or merged onto it: then the
+// image becomes colour at its depth, and the colour shows.
+TEST(ImageKinds, GreyImagesStayGreyUntilColourIsPutOnThem) {
     VImage grey = photo().colourspace(VIPS_INTERPRETATION_B_W).copy_memory();
+    VImage grey16 = grey.colourspace(VIPS_INTERPRETATION_GREY16).copy_memory();
     for (const Case& c : cases()) {
-        VImage out = c.run(grey);
-        expectKindKept(grey, out, c.name);
-        EXPECT_NO_THROW(out.avg()) << c.name;
+        for (const VImage& in : {grey, grey16}) {
+            VImage out = c.run(in);
+            if (!c.putsColour) {
+                expectKindKept(in, out, c.name);
+                continue;
+            }
+            EXPECT_EQ(out.bands(), 3) << c.name;
+            EXPECT_EQ(out.format(), in.format()) << c.name;
+            VImage spread = (out[0] - out[1]).abs() + (out[1] - out[2]).abs();
+            EXPECT_GT(spread.max(), 0.5 * (in.format() == VIPS_FORMAT_USHORT ? 65535 : 255))
+                << c.name;
+        }
     }
 }
 

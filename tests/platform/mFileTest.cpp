@@ -42,6 +42,7 @@ TEST(mFilePaths, GetExtension) {
     EXPECT_EQ(GetExtension("\\my.photos\\readme"), QString()); // the only dot is in a folder
     EXPECT_EQ(GetExtension("/my.photos/readme"), QString());
     EXPECT_EQ(GetExtension("c:readme"), QString());
+    EXPECT_EQ(GetExtension("a.jpg:stream"), QString()); // the scan stops at ":"
     EXPECT_EQ(GetExtension("c:\\x\\a."), QString());
     EXPECT_EQ(GetExtension(""), QString());
     EXPECT_EQ(GetExtension(".hidden"), QStringLiteral("hidden"));
@@ -129,6 +130,8 @@ TEST(mFileShell, MessagesOfTheResultCodes) {
     EXPECT_EQ(shellErrorMessage(0), QStringLiteral("Out of memory"));
     EXPECT_EQ(shellErrorMessage(8), QStringLiteral("Out of memory"));
     EXPECT_EQ(shellErrorMessage(3), QStringLiteral("Path not found"));
+    EXPECT_EQ(shellErrorMessage(27),
+              QStringLiteral("This file type does not have a valid file association."));
     EXPECT_EQ(shellErrorMessage(31),
               QStringLiteral("No application is associated with this file type."));
     EXPECT_EQ(shellErrorMessage(1), shellErrorMessage(33));
