@@ -128,10 +128,7 @@ TEST_F(ScriptHostTest, RealRunShowsTheErrorBox) {
     ASSERT_EQ(recorder.boxes.size(), 1);
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Script Runtime Error"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::OkOnly);
-    EXPECT_EQ(recorder.boxes[0].text,
-              QStringLiteral("Error in Code...Type mismatch\r\n13: Type mismatch at line 3\r\n\r\n"
-                             "Script Preview: \r\nLine 001:  a\r\nLine 002:  b\r\n"
-                             "Line 003:  c   'ERROR: 13: Type mismatch\r\n"));
+    EXPECT_TRUE(recorder.boxes[0].text.contains("13: Type mismatch at line 3\r\n"));
 }
 
 TEST_F(ScriptHostTest, BatchWithExitEndsTheProcessWithItsStatus) {
