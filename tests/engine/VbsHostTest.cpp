@@ -1,20 +1,12 @@
 // The script host with the real VBScript engine: template, progress object, MsgBox, error lines.
-#include "RecordingMessages.h"
-#include "TempTree.h"
-#include "engine/ScriptHost.h"
+#include "HostFixture.h"
 #include "engine/VbsScriptEngine.h"
 
 #include <QFile>
-#include <gtest/gtest.h>
-#include <optional>
 
 using namespace mEngineMain;
 
 namespace {
-
-struct NullBackend : ProgressBackend {
-    void render(const ProgressState&) override {}
-};
 
 // A Cancel button pressed while the first photo is being converted.
 struct CancellingBackend : NullBackend {
@@ -35,29 +27,16 @@ const QByteArray kTemplate = "Sub Main()\r\n"
                              "'{EffectsScript}'\r\n"
                              "End Sub\r\n";
 
-class VbsHostTest : public testing::Test {
+class VbsHostTest : public HostTest {
 protected:
     void SetUp() override {
-        saved = scriptHostServices();
-        loadProgressWindow().setBackend(std::make_unique<NullBackend>());
-        ScriptHostServices& s = scriptHostServices();
-        s.createEngine = &createVbsScriptEngine;
-        s.createEffects = {};
-        s.exitProcess = [this](int status) { exitStatus = status; };
-        s.showMainWindow = [](const QString&) {};
+        HostTest::SetUp();
+        scriptHostServices().createEngine = &createVbsScriptEngine;
+        scriptHostServices().createEffects = {};
         tree.write("bin/data/template.txt", kTemplate);
         tree.write("p/a.jpg");
         tree.write("p/b.jpg");
-        options.programFolder = tree.path("bin");
     }
-    void TearDown() override { scriptHostServices() = saved; }
-
-    ScriptHostServices saved;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
-    std::optional<int> exitStatus;
-    TempTree tree;
-    RunOptions options;
 };
 
 } // namespace
