@@ -7,16 +7,23 @@
 
 namespace {
 
+void foldInPlace(QString& s) {
+    for (QChar& c : s) {
+        const char16_t u = c.unicode();
+        if (u < 0x80)
+            c = QChar(u >= u'A' && u <= u'Z' ? char16_t(u + 32) : u);
+        else
+            c = c.toCaseFolded();
+    }
+}
+
 // Case is folded once per pass; a search then compares code units. Searches for the command
 // words and error patterns, which run over the whole text, start from an index of the
 // positions of every three-character sequence (by a hash of it, positions ascending): only the
 // places of the needle's rarest three characters are compared.
 class FoldedText {
 public:
-    explicit FoldedText(const QString& text) : m_text(text) {
-        for (QChar& c : m_text)
-            c = c.toCaseFolded();
-    }
+    explicit FoldedText(const QString& text) : m_text(text) { foldInPlace(m_text); }
     qsizetype size() const { return m_text.size(); }
     const QString& text() const { return m_text; }
 
@@ -24,21 +31,35 @@ public:
     qsizetype find(const QString& needle, qsizetype from) {
         if (needle.size() < 3) return m_text.indexOf(needle, from, Qt::CaseSensitive);
         buildIndex();
-        const uint32_t h = hash(needle.constData());
+        // Most needles share a prefix ("fx."): the rarest sequence of the needle, at offset k,
+        // is the one looked up.
+        qsizetype k = 0;
+        uint32_t h = hash(needle.constData());
+        for (qsizetype i = 1; i + 3 <= needle.size(); ++i) {
+            const uint32_t hi = hash(needle.constData() + i);
+            if (m_start[hi + 1] - m_start[hi] < m_start[h + 1] - m_start[h]) h = hi, k = i;
+        }
         const auto first = m_positions.begin() + m_start[h],
                    last = m_positions.begin() + m_start[h + 1];
-        for (auto it = std::lower_bound(first, last, int(from)); it != last; ++it)
-            if (QStringView(m_text).mid(*it).startsWith(needle)) return *it;
+        const QStringView text(m_text);
+        for (auto it = std::lower_bound(first, last, int(from + k)); it != last; ++it) {
+            const qsizetype at = *it - k;
+            if (at + needle.size() <= text.size() &&
+                std::equal(needle.begin(), needle.end(), text.begin() + at))
+                return at;
+        }
         return -1;
     }
 
 private:
+    // Small enough to stay in the cache; the rarest sequence keeps the buckets searched short.
+    static constexpr uint32_t kBuckets = 0x0FFF;
     static uint32_t hash(const QChar* c) {
-        return (c[0].unicode() * 31u * 31u + c[1].unicode() * 31u + c[2].unicode()) & 0xFFFFu;
+        return (c[0].unicode() * 31u * 31u + c[1].unicode() * 31u + c[2].unicode()) & kBuckets;
     }
     void buildIndex() {
         if (!m_start.empty()) return;
-        m_start.assign(0x10001, 0);
+        m_start.assign(kBuckets + 2, 0);
         const qsizetype n = m_text.size() - 2;
         for (qsizetype i = 0; i < n; ++i)
             ++m_start[hash(m_text.constData() + i) + 1];
@@ -57,8 +78,7 @@ private:
 
 QString folded(const QString& text) {
     QString out = text;
-    for (QChar& c : out)
-        c = c.toCaseFolded();
+    foldInPlace(out);
     return out;
 }
 
@@ -129,11 +149,11 @@ void everyOccurrence(Pass& pass, const QStringList& words, Ink ink, bool bold) {
 // move the search position.
 void lines(Pass& pass, const QString& text) {
     pass.setStart(0);
-    for (const QString& line : text.split(QStringLiteral("\r\n"))) {
+    for (const QStringView line : QStringView(text).split(QStringLiteral("\r\n"))) {
         const bool comment =
             line.startsWith(QStringLiteral("//")) || line.startsWith(QStringLiteral("\\\\"));
         if (comment) {
-            pass.find(folded(line), pass.start());
+            pass.find(folded(line.toString()), pass.start());
             if (pass.length() >= 1) {
                 pass.paint(Ink::Comment, false);
                 pass.skipSelection();
@@ -142,7 +162,7 @@ void lines(Pass& pass, const QString& text) {
         }
         if (line.startsWith(QStringLiteral("fx.")) || line.startsWith(QStringLiteral("progress.")))
             continue;
-        pass.find(folded(line), pass.start());
+        pass.find(folded(line.toString()), pass.start());
         pass.paint(Ink::Error, true); // whatever is selected, found or not
         pass.skipSelection();
     }

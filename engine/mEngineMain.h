@@ -15,6 +15,24 @@ inline const QString& imageFilter() {
     return filter;
 }
 
+// The file dialogs' filter for photos (description|pattern pairs), the image types first.
+inline const QString& imageDialogFilter() {
+    static const QString filter = QStringLiteral(
+        "All Supported Image Types|*.bmp;*.dib;*.gif;*.jpg;*.jpeg;*.tif;*.tiff;*.wmf;*.ico;*.dcx;"
+        "*.jif;*.ljp;*.pbm;*.pcx;*.pgm;*.pic;*.png;*.ppm;*.rle;*.tga;*.wpg|Microsft Windows Bitmap "
+        "(*.bmp)|*.bmp|Microsoft Windows Device Independent Bitmap (*.dib)|*.dib|CompuServe "
+        "Graphics Interchange Format (*.gif)|*.gif|File Interchange Format (*.jpg)|*.jpg|JPEG File "
+        "Interchange Format (*.jpeg)|*.jpeg|Tag Image File Format (*.tif)|*.tif|Tag Image File "
+        "Format (*.tiff)|*.tiff|Windows Metafile (*.wmf)|*.wmf|Microsoft Windows Icon "
+        "(*.ico)|*.ico|PC Paintbrush Multiple Page File Format (*.dcx)|*.dcx|JPEG File Interchange "
+        "Format (*.jif)|*.jif|Lossless JPEG (*.ljp)|*.ljp|Portable Bitmap (*.pbm)|*.pbm|PC "
+        "Paintbrush File Format (*.pcx)|*.pcx|Portable Graymap (*.pgm)|*.pgm|Pegasus Enhanced PIC "
+        "(*.pic)|*.pic|Portable Network Graphics (*.png)|*.png|Portable Pixmap (*.ppm)|*.ppm|"
+        "Run-Length Encoded Bitmap (*.rle)|*.rle|Truevision Targa (*.tga)|*.tga|Word Perfect "
+        "Graphic Bitmap (*.wpg)|*.wpg");
+    return filter;
+}
+
 // The template's placeholders; each is a script comment when left in place.
 inline const QString kMainCodePlaceholder = QStringLiteral("'{MainCode}'");
 inline const QString kEffectsPlaceholder = QStringLiteral("'{EffectsScript}'");

@@ -7,6 +7,7 @@
 #include "Locale.h"
 #include "ScriptControl.h"
 
+#include <atomic>
 #include <memory>
 #include <unordered_map>
 
@@ -102,9 +103,14 @@ public:
     // Stops a run after this many statements, loop turns and calls (0: no limit). The stop
     // cannot be caught by On Error Resume Next; the control reports it as error 17.
     void setStatementLimit(uint64_t limit) { m_stepLimit = limit; }
+    // Stops a run at the next statement once *flag is set from another thread (0: never), with
+    // the same error as the statement limit. A newer preview uses it to end an older one.
+    void setInterruptFlag(const std::atomic<bool>* flag) { m_interrupt = flag; }
     void tick()
     {
         if (m_stepLimit && ++m_steps > m_stepLimit)
+            throw ScriptInterrupted{};
+        if (m_interrupt && m_interrupt->load(std::memory_order_relaxed))
             throw ScriptInterrupted{};
     }
 
@@ -313,6 +319,7 @@ private:
     uint64_t m_generation = 1; // counts resets, for the member ids remembered in the syntax tree
     uint64_t m_steps = 0;
     uint64_t m_stepLimit = 0;
+    const std::atomic<bool>* m_interrupt = nullptr;
     char* m_stackBase = nullptr;  // native stack at the outermost entry
     size_t m_stackBudget = 0;     // bytes of native stack the engine may use
     int m_entryDepth = 0;

@@ -135,6 +135,11 @@ void ScriptControl::setStatementLimit(uint64_t limit)
     m_engine->setStatementLimit(limit);
 }
 
+void ScriptControl::setInterruptFlag(const std::atomic<bool>* flag)
+{
+    m_engine->setInterruptFlag(flag);
+}
+
 void ScriptControl::setHost(Host* host)
 {
     m_engine->setHost(host);

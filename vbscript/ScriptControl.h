@@ -5,6 +5,7 @@
 #include "Host.h"
 #include "Value.h"
 
+#include <atomic>
 #include <memory>
 #include <span>
 #include <vector>
@@ -56,6 +57,9 @@ public:
     // Stops any later run after this many statements, loop turns and calls, with error 17
     // (0, the default: no limit). A guard for untrusted code.
     void setStatementLimit(uint64_t limit);
+    // Stops a run at its next statement once *flag becomes true (set from any thread), again
+    // with error 17; nullptr: never. The flag must outlive the runs it governs.
+    void setInterruptFlag(const std::atomic<bool>* flag);
     Host& host() const;
 
     // Built-ins and constants live in the global scope beside the script's names.

@@ -166,7 +166,7 @@ SaveTarget resolveSaveTarget(const fs::path& native, const std::string& scriptPa
 }
 
 fs::path makeTemp(const SaveTarget& target) {
-    fs::path temp = Interrupt::createTempFile(target.folder(), ".vantorel-save-");
+    fs::path temp = Interrupt::createTempFile(target.folder(), kTempPrefix);
     if (temp.empty())
         fail(ErrorCode::CannotWrite,
              "cannot create a file in " + target.folder().string() + " (" + systemError() + ")");

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 #include <sys/stat.h>
 
@@ -19,6 +20,9 @@ struct SaveTarget {
 // Resolves a save to native (the exact path asked for) and refuses what may not be written there:
 // a missing folder, a link that leads to no file, a file the user could not write.
 SaveTarget resolveSaveTarget(const std::filesystem::path& native, const std::string& scriptPath);
+
+// The name prefix of a save's temporary files.
+inline constexpr std::string_view kTempPrefix = ".vantorel-save-";
 
 // A new, empty temporary file in the target's folder, registered for removal on an interrupt.
 std::filesystem::path makeTemp(const SaveTarget& target);

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <vector>
 
+#include "imaging/io/FileReplace.h"
 #include "imaging/io/Formats.h"
 #include "imaging/io/ImageIo.h"
 #include "imaging/io/TiffPages.h"
@@ -40,6 +41,10 @@ std::string oneLine(std::string_view message) {
         message.remove_prefix(std::min(cut + 1, message.size()));
         while (!line.empty() && line.back() == ' ')
             line.remove_suffix(1);
+        // A line about a save's temporary file tells nothing the error does not (it names the
+        // target); and libvips keeps one error text for all threads, so with saves running side
+        // by side it may be another save's line.
+        if (line.find(kTempPrefix) != line.npos) continue;
         if (line.empty() || std::find(seen.begin(), seen.end(), line) != seen.end()) continue;
         seen.push_back(line);
         text += (text.empty() ? "" : " ") + std::string(line);

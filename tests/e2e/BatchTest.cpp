@@ -122,14 +122,22 @@ TEST_F(E2eTest, ExitAloneDoesNothing) {
     EXPECT_EQ(entries("in"), QStringList{"a.jpg"});
 }
 
+// A script file opened in the window is built but never run, so its Main saves nothing.
 TEST_F(E2eTest, TheMainWindowIsRefusedWithStatusTwoWithoutADisplay) {
+    copySample("wine.jpg", "in/a.jpg");
+    write("template.txt", "Sub Main()\r\n    fx.filename = \"" +
+                              QByteArray::fromStdString(path("in\\a.jpg")) +
+                              "\"\r\n    fx.SaveFileNameAddPrefix \"s_\"\r\n    fx.SaveFile\r\n"
+                              "End Sub\r\n");
     for (const std::vector<std::string>& args :
-         {std::vector<std::string>{}, {"   "}, {"/showscriptwindow", "/fx.Blur"}}) {
+         {std::vector<std::string>{}, {"   "}, {"/showscriptwindow", "/fx.Blur"},
+          {"/scriptfile:" + path("template.txt"), "/showscriptwindow"}}) {
         const ProcessResult r = run(args);
         EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
         EXPECT_NE(r.err.find("cannot open the main window: there is no display"), std::string::npos)
             << describe(r);
     }
+    EXPECT_EQ(entries("in"), QStringList{"a.jpg"});
 }
 
 TEST_F(E2eTest, ABatchWithoutExitRunsAndThenAsksForTheWindow) {
@@ -139,17 +147,6 @@ TEST_F(E2eTest, ABatchWithoutExitRunsAndThenAsksForTheWindow) {
     EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
     EXPECT_TRUE(sizeOf("in/w_a.jpg")) << describe(r);
     EXPECT_NE(r.err.find("the batch ran; add /exit"), std::string::npos) << describe(r);
-}
-
-TEST_F(E2eTest, ScriptFileWithShowScriptWindowBuildsButNeverRuns) {
-    copySample("wine.jpg", "in/a.jpg");
-    write("template.txt", "Sub Main()\r\n    fx.filename = \"" +
-                              QByteArray::fromStdString(path("in\\a.jpg")) +
-                              "\"\r\n    fx.SaveFileNameAddPrefix \"s_\"\r\n    fx.SaveFile\r\n"
-                              "End Sub\r\n");
-    const ProcessResult r = run({"/scriptfile:" + path("template.txt"), "/showscriptwindow"});
-    EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
-    EXPECT_FALSE(exists("in/s_a.jpg"));
 }
 
 TEST_F(E2eTest, FolderAllTakesSubfoldersAndFolderDoesNot) {

@@ -51,6 +51,8 @@ TEST_F(FxOps, CroppingAndTiling) {
     EXPECT_EQ(d.height(), 64);
     EXPECT_EQ(d.errorOf([&] { d.call(u"Crop", {I(500), I(500), I(10), I(10)}); }), 20008);
     EXPECT_EQ(d.errorOf([&] { d.call(u"CropBorder", {vbs::Value(60.0f), I(1)}); }), 20008);
+    EXPECT_EQ(d.errorOf([&] { d.call(u"CropBorder", {vbs::Value(12.0f), I(0)}); }), 20008);
+    EXPECT_NE(d.lastDescription.find("wider than half"), std::string::npos) << d.lastDescription;
 }
 
 TEST_F(FxOps, AutoCropRemovesAUniformBorder) {
@@ -214,6 +216,7 @@ TEST_F(FxOps, ColorSeparationPlanes) {
 }
 
 TEST_F(FxOps, CopyPasteUndo) {
+    EXPECT_EQ(d.errorOf([&] { d.call(u"Paste"); }), 20012); // nothing copied yet
     d.call(u"Undo"); // nothing to undo yet: nothing happens
     EXPECT_EQ(d.width(), 64);
     d.call(u"Copy");

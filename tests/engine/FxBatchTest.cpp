@@ -1,45 +1,25 @@
 // Whole batches through the host with the real script engine and the real fx object.
-#include "RecordingMessages.h"
-#include "TempTree.h"
+#include "HostFixture.h"
 #include "engine/EffectsFactory.h"
-#include "engine/ScriptHost.h"
 #include "engine/VbsScriptEngine.h"
 
 #include <QFile>
-#include <gtest/gtest.h>
-#include <optional>
 
 using namespace mEngineMain;
 
 namespace {
 
-struct NullBackend : ProgressBackend {
-    void render(const ProgressState&) override {}
-};
-
-class FxBatchTest : public testing::Test {
+class FxBatchTest : public HostTest {
 protected:
     void SetUp() override {
-        saved = scriptHostServices();
-        loadProgressWindow().setBackend(std::make_unique<NullBackend>());
-        ScriptHostServices& s = scriptHostServices();
-        s.createEngine = &createVbsScriptEngine;
-        s.createEffects = &createEffectsObject;
-        s.exitProcess = [this](int status) { exitStatus = status; };
-        s.showMainWindow = [](const QString&) {};
+        HostTest::SetUp();
+        scriptHostServices().createEngine = &createVbsScriptEngine;
+        scriptHostServices().createEffects = &createEffectsObject;
         QFile photo(QStringLiteral(VANTOREL_SOURCE_DIR "/data/example.jpg"));
         ASSERT_TRUE(photo.open(QIODevice::ReadOnly));
         tree.write("in/Photo One.jpg", photo.readAll());
         options.programFolder = QStringLiteral(VANTOREL_SOURCE_DIR); // the shipped template
     }
-    void TearDown() override { scriptHostServices() = saved; }
-
-    ScriptHostServices saved;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
-    std::optional<int> exitStatus;
-    TempTree tree;
-    RunOptions options;
 };
 
 } // namespace

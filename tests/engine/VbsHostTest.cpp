@@ -1,20 +1,12 @@
 // The script host with the real VBScript engine: template, progress object, MsgBox, error lines.
-#include "RecordingMessages.h"
-#include "TempTree.h"
-#include "engine/ScriptHost.h"
+#include "HostFixture.h"
 #include "engine/VbsScriptEngine.h"
 
 #include <QFile>
-#include <gtest/gtest.h>
-#include <optional>
 
 using namespace mEngineMain;
 
 namespace {
-
-struct NullBackend : ProgressBackend {
-    void render(const ProgressState&) override {}
-};
 
 // A Cancel button pressed while the first photo is being converted.
 struct CancellingBackend : NullBackend {
@@ -35,29 +27,16 @@ const QByteArray kTemplate = "Sub Main()\r\n"
                              "'{EffectsScript}'\r\n"
                              "End Sub\r\n";
 
-class VbsHostTest : public testing::Test {
+class VbsHostTest : public HostTest {
 protected:
     void SetUp() override {
-        saved = scriptHostServices();
-        loadProgressWindow().setBackend(std::make_unique<NullBackend>());
-        ScriptHostServices& s = scriptHostServices();
-        s.createEngine = &createVbsScriptEngine;
-        s.createEffects = {};
-        s.exitProcess = [this](int status) { exitStatus = status; };
-        s.showMainWindow = [](const QString&) {};
+        HostTest::SetUp();
+        scriptHostServices().createEngine = &createVbsScriptEngine;
+        scriptHostServices().createEffects = {};
         tree.write("bin/data/template.txt", kTemplate);
         tree.write("p/a.jpg");
         tree.write("p/b.jpg");
-        options.programFolder = tree.path("bin");
     }
-    void TearDown() override { scriptHostServices() = saved; }
-
-    ScriptHostServices saved;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
-    std::optional<int> exitStatus;
-    TempTree tree;
-    RunOptions options;
 };
 
 } // namespace
@@ -97,8 +76,7 @@ TEST_F(VbsHostTest, SyntaxErrorInARealRunShowsTheBox) {
     ASSERT_EQ(recorder.boxes.size(), 1);
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Script Runtime Error"));
     // Main (lines 1-4: the call, then the blank line it ends with), ProcessEffects from line 5.
-    EXPECT_TRUE(recorder.boxes[0].text.contains("at line 8\r\n"));
-    EXPECT_TRUE(recorder.boxes[0].text.contains("Line 008:  If Then   'ERROR: 1002: Syntax error"))
+    EXPECT_TRUE(recorder.boxes[0].text.contains("1002: Syntax error at line 8\r\n"))
         << recorder.boxes[0].text.toStdString();
 }
 

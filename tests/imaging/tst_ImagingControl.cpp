@@ -1,5 +1,6 @@
 // The imaging control through its C++ API: loading, orientation, shrink-on-load, operation
-// invariants, argument checks, undo and the error state.
+// invariants, argument checks, long chains and the error state (undo and the clipboard: effects
+// FxOps).
 #include <gtest/gtest.h>
 
 #include "ImagingTestSupport.h"
@@ -134,26 +135,6 @@ TEST(ImagingControl, ChecksArgumentsAgainstTheDeclaration) {
     EXPECT_THROW(c.setProperty("SaveJPGLumFactor", int32_t(500)), ImagingError);
     EXPECT_THROW(c.setProperty("IBPP", int32_t(8)), ImagingError);
     EXPECT_THROW(c.property("NoSuchProperty"), ImagingError);
-}
-
-TEST(ImagingControl, UndoAndClipboard) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("u.jpg"), 40, 30);
-    ImagingControl c;
-    c.setFileName(dir.str("u.jpg"));
-    EXPECT_THROW(run(c, "Paste"), ImagingError);
-    c.setProperty("UndoEnabled", true);
-    run(c, "Copy");
-    run(c, "Rotate", {90.0});
-    EXPECT_EQ(c.image().width(), 30);
-    run(c, "Undo");
-    EXPECT_EQ(c.image().width(), 40);
-    run(c, "Undo"); // nothing left to undo: nothing happens
-    EXPECT_EQ(c.image().width(), 40);
-    EXPECT_EQ(intProp(c, "ImagError"), 0);
-    run(c, "Crop", {int32_t(0), int32_t(0), int32_t(10), int32_t(10)});
-    run(c, "Paste");
-    EXPECT_EQ(c.image().width(), 40);
 }
 
 // However long the chain of operations (it is kept in memory every few steps), the result is the

@@ -2,6 +2,7 @@
 #include "QtPrint.h"
 #include "RecordingMessages.h"
 #include "TempTree.h"
+#include "platform/ScratchFolder.h"
 #include "platform/mWindowsAPI.h"
 #include "views/frmScript.h"
 #include "views/mInterface.h"
@@ -180,6 +181,9 @@ int main(int argc, char** argv) {
     QFile::setPermissions(runtime.path(),
                           QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
     qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
+    // Previews and test runs write their scratch files here, never into the build's data folder.
+    QTemporaryDir scratch;
+    ScratchFolder::setOverride(scratch.path());
     QApplication app(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral("3.0.12"));
     testing::InitGoogleTest(&argc, argv);

@@ -35,6 +35,16 @@ WScript.Echo DateSerial(99, 1, 1) & " " & DateSerial(5, 1, 1) ' expect: 1/1/1999
 WScript.Echo TimeSerial(12, 30, 0) ' expect: 12:30:00 PM
 WScript.Echo TimeSerial(25, 0, 0) ' expect: 12/31/1899 1:00:00 AM
 WScript.Echo TimeSerial(0, 90, 0) ' expect: 1:30:00 AM
+WScript.Echo DateAdd("m", 13, #12/15/2003#) & " " & DateAdd("w", 3, #1/1/2003#) ' expect: 1/15/2005 1/4/2003
+WScript.Echo DateAdd("h", -18, CDate(0.5)) & " " & Hour(DateAdd("m", 1, #1/31/2003 10:30 AM#)) ' expect: 12/29/1899 6:00:00 PM 10
+WScript.Echo DateDiff("m", #2/1/2003#, #1/31/2003#) & " " & DateDiff("d", #1/1/2003 11:00 PM#, #1/2/2003 1:00 AM#) ' expect: -1 1
+WScript.Echo DateDiff("n", #1/1/2003 10:59:59 AM#, #1/1/2003 11:00 AM#) & " " & DateDiff("h", CDate(-1.5), CDate(0.5)) ' expect: 1 24
+WScript.Echo DateDiff("ww", #1/5/2003#, #1/1/2003#) & " " & DateDiff("w", #1/8/2003#, #1/1/2003#) ' expect: -1 -1
+WScript.Echo DatePart("ww", #1/1/2003#) & " " & DatePart("ww", #1/5/2003#) ' expect: 1 2
+WScript.Echo DatePart("ww", #1/2/2005#, vbSunday, vbFirstFullWeek) & " " & DatePart("ww", #1/1/2004#, vbMonday, vbFirstFourDays) ' expect: 1 1
+WScript.Echo DatePart("yyyy", #8/17/2003 2:05:09 PM#) & " " & DatePart("m", #8/17/2003#) & " " & DatePart("d", #8/17/2003#) & " " & DatePart("s", #2:05:09 PM#) ' expect: 2003 8 17 9
+WScript.Echo DateSerial(2003, -1, 1) & " " & DateSerial(2003, 2, 29) & " " & DateSerial(30, 6, 15) & " " & DateSerial(2004, 1, 366) ' expect: 11/1/2002 3/1/2003 6/15/1930 12/31/2004
+WScript.Echo TimeSerial(0, -1, 0) ' expect: 12/29/1899 11:59:00 PM
 On Error Resume Next
 x = DateAdd("x", 1, Now)
 WScript.Echo Err.Number ' expect: 5
@@ -46,4 +56,13 @@ x = DateDiff("d", Now, Now, 8)
 WScript.Echo Err.Number ' expect: 5
 Err.Clear
 x = DateSerial(10000, 1, 1)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateSerial(9999, 12, 32)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateAdd("d", -1, #1/1/100#)
+WScript.Echo Err.Number ' expect: 5
+Err.Clear
+x = DateAdd("yyyy", 1000000000, 0)
 WScript.Echo Err.Number ' expect: 5

@@ -31,3 +31,14 @@ re2.Pattern = "a(b"
 On Error Resume Next
 x = re2.Test("ab")
 WScript.Echo Err.Number & " " & Err.Description ' expect: 5017 Syntax error in regular expression
+Err.Clear
+' The pattern reads back; IgnoreCase starts off; a mended pattern works; Test needs its text.
+re2.Pattern = "a(b)"
+WScript.Echo re2.Pattern & " " & re2.IgnoreCase & " " & re2.Test("ab") ' expect: a(b) False True
+x = re2.Test()
+WScript.Echo Err.Number ' expect: 450
+Err.Clear
+Set all = re.Execute("a_1.jpg b_2.jpg")
+WScript.Echo TypeName(all) & " " & all.Count ' expect: IMatchCollection2 1
+x = all.Item(1)
+WScript.Echo Err.Number ' expect: 5
