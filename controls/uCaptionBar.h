@@ -1,9 +1,10 @@
 // The title strip at the top of every pane: a caption, a status text, and double-clicks.
 #pragma once
 
+#include <QLabel>
 #include <QWidget>
 
-class QLabel;
+#include <functional>
 
 class uCaptionBar : public QWidget {
     Q_OBJECT
@@ -29,4 +30,16 @@ protected:
 private:
     QLabel* m_caption; // lblCap
     QLabel* m_status;  // lblStat
+};
+
+// A pane's hint line under the caption: double-clicks on it count as the caption bar's.
+class InfoLabel : public QLabel {
+public:
+    using QLabel::QLabel;
+    std::function<void()> doubleClicked;
+
+protected:
+    void mouseDoubleClickEvent(QMouseEvent*) override {
+        if (doubleClicked) doubleClicked();
+    }
 };

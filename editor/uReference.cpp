@@ -16,22 +16,6 @@
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
-namespace {
-
-// The hint label reports double-clicks as the caption bar does.
-class InfoLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-    std::function<void()> doubleClicked;
-
-protected:
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        if (doubleClicked) doubleClicked();
-    }
-};
-
-} // namespace
-
 uReference::uReference(QWidget* parent)
     : QWidget(parent), m_caption(new uCaptionBar(this)), m_reference(new QTextBrowser(this)),
       m_index(new QPushButton(QStringLiteral("Index"), this)),

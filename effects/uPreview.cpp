@@ -22,18 +22,6 @@ namespace {
 const QString kSection = QStringLiteral("Settings");
 enum Channel { ExampleChannel, PreviewChannel };
 
-// The hint label reports double-clicks as the caption bar does.
-class InfoLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-    std::function<void()> doubleClicked;
-
-protected:
-    void mouseDoubleClickEvent(QMouseEvent*) override {
-        if (doubleClicked) doubleClicked();
-    }
-};
-
 } // namespace
 
 struct uPreview::Frame {

@@ -7,23 +7,23 @@ namespace vbs {
 
 namespace {
 
+using Months = std::array<std::u16string_view, 12>;
+using Days = std::array<std::u16string_view, 7>;
+constexpr Months kEnglishMonths{u"January", u"February", u"March", u"April", u"May", u"June",
+    u"July", u"August", u"September", u"October", u"November", u"December"};
+constexpr Months kEnglishMonthsShort{
+    u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun", u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"};
+constexpr Days kEnglishDays{
+    u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"};
+constexpr Days kEnglishDaysShort{u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"};
+
 const Locale kLocales[] = {
     {1033, u"en-US", u'.', u',', u"$", 2, 0, 0, u"M/d/yyyy", u"dddd, MMMM d, yyyy", u"h:mm:ss tt",
         u"AM", u"PM",
-        {u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August",
-            u"September", u"October", u"November", u"December"},
-        {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun", u"Jul", u"Aug", u"Sep", u"Oct", u"Nov",
-            u"Dec"},
-        {u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"},
-        {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"}},
+        kEnglishMonths, kEnglishMonthsShort, kEnglishDays, kEnglishDaysShort},
     {2057, u"en-GB", u'.', u',', u"\u00A3", 2, 0, 1, u"dd/MM/yyyy", u"dd MMMM yyyy", u"HH:mm:ss",
         u"AM", u"PM",
-        {u"January", u"February", u"March", u"April", u"May", u"June", u"July", u"August",
-            u"September", u"October", u"November", u"December"},
-        {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun", u"Jul", u"Aug", u"Sep", u"Oct", u"Nov",
-            u"Dec"},
-        {u"Sunday", u"Monday", u"Tuesday", u"Wednesday", u"Thursday", u"Friday", u"Saturday"},
-        {u"Sun", u"Mon", u"Tue", u"Wed", u"Thu", u"Fri", u"Sat"}},
+        kEnglishMonths, kEnglishMonthsShort, kEnglishDays, kEnglishDaysShort},
     {1031, u"de-DE", u',', u'.', u"\u20AC", 2, 3, 8, u"dd.MM.yyyy", u"dddd, d. MMMM yyyy",
         u"HH:mm:ss", u"", u"",
         {u"Januar", u"Februar", u"M\u00E4rz", u"April", u"Mai", u"Juni", u"Juli", u"August",
