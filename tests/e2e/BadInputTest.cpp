@@ -23,18 +23,6 @@ TEST_F(BadInputTest, RuntimeErrorReportsTheFailingLineWithItsNeighbours) {
         << r.err;
 }
 
-TEST_F(BadInputTest, AFailingPhotoStopsTheBatchThere) {
-    // The middle photo ends halfway through its data; the last one is never reached.
-    write("in/b.jpg", read("in/a.jpg").left(3000));
-    const ProcessResult r = run({"/files:" + path("in\\a.jpg") + ";b.jpg;c.jpg",
-                                 "/fx.SaveFileNameAddPrefix \"o_\"", "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 1) << describe(r);
-    EXPECT_TRUE(contains(r.err, "20003: Image file is damaged or truncated: " + path("in\\b.jpg")))
-        << r.err;
-    EXPECT_TRUE(sizeOf("in/o_a.jpg"));
-    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "b.jpg", "c.jpg", "o_a.jpg"}));
-}
-
 TEST_F(BadInputTest, APhotoThatDoesNotDecodeIsNamedAndLeftAlone) {
     write("in/text.jpg", "this is no photo\n");
     const ProcessResult r =

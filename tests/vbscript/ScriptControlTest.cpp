@@ -166,26 +166,6 @@ TEST(ScriptControl, CompileErrorHasLineColumnAndText)
     EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
 }
 
-TEST(ScriptControl, NestingTooDeepIsACompileTimeOutOfStackSpace)
-{
-    ScriptControl sc;
-    const String deep = u"x = 1\nx = " + String(5000, u'(') + u"1" + String(5000, u')');
-    EXPECT_FALSE(sc.addCode(deep));
-    EXPECT_EQ(sc.error().number, 28);
-    EXPECT_TRUE(sc.error().compileTime);
-    EXPECT_EQ(sc.error().line, 2);
-    EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
-    Value x;
-    ASSERT_TRUE(sc.eval(u"x", &x));
-    EXPECT_TRUE(x.isEmpty()); // the first line never ran
-
-    // Run-time errors stay run-time ones, 28 included.
-    EXPECT_FALSE(sc.addCode(u"Function Down(n)\nDown = Down(n + 1)\nEnd Function\nDown 1"));
-    EXPECT_EQ(sc.error().number, 28);
-    EXPECT_FALSE(sc.error().compileTime);
-    EXPECT_EQ(sc.error().source, u"Microsoft VBScript runtime error");
-}
-
 TEST(ScriptControl, RuntimeErrorInContinuedStatementNamesItsFirstLine)
 {
     ScriptControl sc;
@@ -277,17 +257,6 @@ TEST(ScriptControl, LanguageIsVBScriptOnly)
     EXPECT_TRUE(sc.setLanguage(u"vbscript"));
     EXPECT_FALSE(sc.setLanguage(u"JScript"));
     EXPECT_EQ(sc.language(), u"VBScript");
-}
-
-TEST(ScriptControl, DeepRecursionIsOutOfStackSpace)
-{
-    ScriptControl sc;
-    ASSERT_TRUE(sc.addCode(u"Function R(n)\nR = R(n + 1) + 1\nEnd Function"));
-    EXPECT_FALSE(sc.run(u"R", {Value(0)}));
-    EXPECT_EQ(sc.error().number, 28);
-    EXPECT_EQ(sc.error().line, 2);
-    // The engine is still usable afterwards.
-    ASSERT_TRUE(sc.addCode(u"Dim ok : ok = 1"));
 }
 
 TEST(ScriptControl, DeepRecursionOnASmallThreadStack)
