@@ -160,11 +160,11 @@ TEST_P(FxLoadFormats, LoadsByContent) {
     EXPECT_EQ(d.get(u"IFormat").toLong(), c.code);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    ImageFilterAndModern, FxLoadFormats,
-    ::testing::Values(LoadCase{"a.dib", 1}, LoadCase{"a.jpeg", 3}, LoadCase{"a.jif", 3},
-                      LoadCase{"a.tiff", 4}, LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
-    [](const auto& info) {
-        std::string n = info.param.name;
-        return n.substr(2);
-    });
+INSTANTIATE_TEST_SUITE_P(ImageFilterAndModern, FxLoadFormats,
+                         ::testing::Values(LoadCase{"a.dib", 1}, LoadCase{"a.jpeg", 3},
+                                           LoadCase{"a.jif", 3}, LoadCase{"a.tiff", 4},
+                                           LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
+                         [](const auto& info) {
+                             std::string n = info.param.name;
+                             return n.substr(2);
+                         });

@@ -81,13 +81,6 @@ TEST(ScriptToCommandLine, SeparatorsAreTidied) {
     EXPECT_EQ(ScriptToCommandLine("x  \r\nfx.B"), QStringLiteral(" /x /fx.B"));
 }
 
-TEST(Conversions, RoundTripOfStatementScripts) {
-    const QString script = QStringLiteral("fx.Blur\r\nprogress.hide\r\nfx.Text \"x\", 1\r\nfunc.A");
-    const QString line = ScriptToCommandLine(script);
-    EXPECT_EQ(CommandLineToScript(line), QStringLiteral(" \r\nfx.Blur \r\nprogress.hide \r\n"
-                                                        "fx.Text \"x\", 1 \r\nfunc.A"));
-}
-
 TEST(IsSupportedImageFile, LooseExtensionTest) {
     EXPECT_TRUE(IsSupportedImageFile("\\p\\a.JPG"));
     EXPECT_TRUE(IsSupportedImageFile("a.tiff"));
