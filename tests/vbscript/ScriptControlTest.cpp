@@ -166,6 +166,72 @@ TEST(ScriptControl, CompileErrorHasLineColumnAndText)
     EXPECT_EQ(sc.error().source, u"Microsoft VBScript compilation error");
 }
 
+// Each compile error with its number, and its line where the offending token has one (0: the
+// code ends before the missing part). The report of one through vbsrun: the golden scripts.
+TEST(ScriptControl, CompileErrorsNameNumberAndLine)
+{
+    struct Case {
+        const char16_t* code;
+        int32_t number, line;
+    };
+    const Case cases[] = {
+        {u"Class A\nPrivate Default Function F()\nEnd Function\nEnd Class", 1057, 2},
+        {u"Select 5\nEnd Select", 1021, 1}, {u"If True Then\nx = 1\n", 1014, 0},
+        {u"Dim a\na = 1 2", 1025, 2}, {u"For i 1 To 5\nNext", 1011, 1},
+        {u"Dim a\na = (1 + ", 1023, 2}, {u"Dim 5", 1010, 1},
+        {u"If True Then\nx = 1\nEnd Sub", 1012, 3}, {u"Dim n\nDim a(n)", 1026, 2},
+        {u"Dim a\nConst C = a", 1045, 2}, {u"Do\nx = 1\n", 1019, 0}, {u"ReDim a", 1005, 1},
+        {u"For i = 1 To 2\nx = 1\n", 1020, 0}, {u"x = (1 + 2", 1006, 1},
+        {u"Dim a\n)", 1024, 2}, {u"If True\nx = 1\nEnd If", 1017, 1},
+        {u"For i = 1 5\nNext", 1013, 1}, {u"While True\nx = 1\n", 1018, 0},
+        {u"Exit Do", 1039, 1}, {u"Dim a\nLoop", 1038, 2}, {u"Dim a\nOption Explicit", 1042, 2},
+        {u"Sub A()\nSub B()\nEnd Sub\nEnd Sub", 1002, 2}, {u"Next", 1055, 1},
+    };
+    for (const Case& c : cases) {
+        ScriptControl sc;
+        EXPECT_FALSE(sc.addCode(c.code)) << toUtf8(c.code);
+        EXPECT_EQ(sc.error().number, c.number) << toUtf8(c.code);
+        EXPECT_TRUE(sc.error().compileTime) << toUtf8(c.code);
+        if (c.line) {
+            EXPECT_EQ(sc.error().line, c.line) << toUtf8(c.code);
+        }
+    }
+}
+
+// Each run-time error with its number and the line of the statement that raised it.
+TEST(ScriptControl, RuntimeErrorsNameNumberAndLine)
+{
+    struct Case {
+        const char16_t* code;
+        int32_t number, line;
+    };
+    const Case cases[] = {
+        {u"Sub S()\nEnd Sub\nS = 5", 501, 3}, {u"Set o = New Missing", 506, 1},
+        {u"Err.Raise 1234, \"mysource\", \"my description\"", 1234, 1},
+        {u"Sub Inner()\nDim x\nx = \"a\" * 2\nEnd Sub\nInner", 13, 3},
+        {u"Function Level2(x)\nLevel2 = x(1)\nEnd Function\nFunction Level1(x)\n"
+         u"Level1 = Level2(x) + 1\nEnd Function\nx = Level1(5)",
+         13, 2},
+        {u"Dim a(2)\nReDim a(\"not a number\")", 10, 2}, // refused before the bounds are read
+        {u"x = 5 Mod 0", 11, 1},
+        {u"Class C\nPublic A\nEnd Class\nSet o = New C\nx = o.B", 438, 5},
+        {u"For Each x In 5 : Next", 451, 1}, {u"Dim o\nSet o = Nothing\nx = o + 1", 91, 3},
+        {u"Dim s\ns = 5\nx = s.Name", 424, 3},
+        {u"Function F(a, b)\nF = a + b\nEnd Function\nx = F(1)", 450, 4},
+        {u"Dim o\nSet o = 5", 424, 2}, {u"Dim a(2)\na(2) = 1\na(3) = 1", 9, 3},
+        {u"Dim s\ns = 5\nx = s(1)", 13, 3}, {u"Sub T() : .Name = 1 : End Sub : T", 505, 1},
+        {u"Sub S(a)\nEnd Sub\nS 1, 2", 450, 3}, {u"Dim a(2, 2)\nx = a(1)", 9, 2},
+        {u"Dim x\nx = 0 / 0", 6, 2},
+    };
+    for (const Case& c : cases) {
+        ScriptControl sc;
+        EXPECT_FALSE(sc.addCode(c.code)) << toUtf8(c.code);
+        EXPECT_EQ(sc.error().number, c.number) << toUtf8(c.code);
+        EXPECT_FALSE(sc.error().compileTime) << toUtf8(c.code);
+        EXPECT_EQ(sc.error().line, c.line) << toUtf8(c.code);
+    }
+}
+
 TEST(ScriptControl, RuntimeErrorInContinuedStatementNamesItsFirstLine)
 {
     ScriptControl sc;
