@@ -186,6 +186,17 @@ TEST(ScriptControl, CompileErrorsNameNumberAndLine)
         {u"For i = 1 5\nNext", 1013, 1}, {u"While True\nx = 1\n", 1018, 0},
         {u"Exit Do", 1039, 1}, {u"Dim a\nLoop", 1038, 2}, {u"Dim a\nOption Explicit", 1042, 2},
         {u"Sub A()\nSub B()\nEnd Sub\nEnd Sub", 1002, 2}, {u"Next", 1055, 1},
+        {u"Dim x\nx = 5 ? 3", 1032, 2}, {u"Dim s\ns = \"abc", 1033, 2},
+        {u"Class Twice\nPublic Sub A()\nEnd Sub\nPublic Sub A()\nEnd Sub\nEnd Class", 1041,
+         4},
+        {u"Class P\nPublic Property Get V(i)\nEnd Property\nPublic Property Let V(x)\n"
+         u"End Property\nEnd Class",
+         1051, 4},
+        {u"Property Get Loose()\nEnd Property", 1048, 1}, {u"Dim a\nDim a", 1041, 2},
+        {u"Sub Show(a, b)\nEnd Sub\nShow(1, 2)", 1044, 3},
+        {u"Select Case 5\nCase Is > 3\nx = 1\nEnd Select", 1002, 2},
+        {u"Select Case 5\nCase 1 To 9\nx = 1\nEnd Select", 1025, 2},
+        {u"Dim total\ntotal = 1 + _\n2 + _\n* 3", 1002, 4}, // the offending token's line
     };
     for (const Case& c : cases) {
         ScriptControl sc;
@@ -221,7 +232,22 @@ TEST(ScriptControl, RuntimeErrorsNameNumberAndLine)
         {u"Dim o\nSet o = 5", 424, 2}, {u"Dim a(2)\na(2) = 1\na(3) = 1", 9, 3},
         {u"Dim s\ns = 5\nx = s(1)", 13, 3}, {u"Sub T() : .Name = 1 : End Sub : T", 505, 1},
         {u"Sub S(a)\nEnd Sub\nS 1, 2", 450, 3}, {u"Dim a(2, 2)\nx = a(1)", 9, 2},
-        {u"Dim x\nx = 0 / 0", 6, 2},
+        {u"Dim x\nx = 0 / 0", 6, 2}, {u"Dim a()\nReDim a(2, 2)\nReDim Preserve a(3, 3)", 9, 3},
+        {u"Dim d()\nReDim d(2)\nSub Grow(item)\nReDim d(5)\nEnd Sub\nGrow d(1)", 10, 4},
+        {u"Class Broken\nPrivate Sub Class_Initialize()\nDim x\nx = 1 / 0\nEnd Sub\nEnd Class\n"
+         u"Dim b\nSet b = New Broken",
+         11, 4},
+        {u"Dim n\nn = 3\nn.Go", 424, 3},
+        {u"Class Secret\nPrivate hidden\nEnd Class\nDim s\nSet s = New Secret\nx = s.hidden", 438,
+         6},
+        {u"Const A = 1\nA = 2", 501, 2}, {u"Dim s\ns = \"abc\"\nMid(s, 0) = \"x\"", 5, 3},
+        {u"Option Explicit\nSub Test()\nDim ok\nok = 1\nnotDeclared = 2\nEnd Sub\nTest", 500, 5},
+        {u"x = \"abc\" + 1", 13, 1},
+        // A continued statement is reported at its first line; a second statement starting on a
+        // continued line at its own start; the condition after Loop at the Loop line.
+        {u"Sub Show(a, b, c)\nEnd Sub\nShow 1, _\n2, _\n\"x\" * 2", 13, 3},
+        {u"Dim x, y\nx = 1 + _\n2 : y = _\n1 / 0", 11, 3},
+        {u"Dim a\na = 1\nDo\na = a + 1\nLoop While a < _\n(1 / 0)", 11, 5},
     };
     for (const Case& c : cases) {
         ScriptControl sc;
