@@ -242,7 +242,8 @@ TEST(ScriptControl, RuntimeErrorsNameNumberAndLine)
          6},
         {u"Const A = 1\nA = 2", 501, 2}, {u"Dim s\ns = \"abc\"\nMid(s, 0) = \"x\"", 5, 3},
         {u"Option Explicit\nSub Test()\nDim ok\nok = 1\nnotDeclared = 2\nEnd Sub\nTest", 500, 5},
-        {u"x = \"abc\" + 1", 13, 1},
+        {u"x = \"abc\" + 1", 13, 1}, {u"NotThere 1, 2", 13, 1},
+        {u"Option Explicit\nDim a\na = 1\nb = 2", 500, 4},
         // A continued statement is reported at its first line; a second statement starting on a
         // continued line at its own start; the condition after Loop at the Loop line.
         {u"Sub Show(a, b, c)\nEnd Sub\nShow 1, _\n2, _\n\"x\" * 2", 13, 3},
