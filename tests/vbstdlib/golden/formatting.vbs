@@ -18,18 +18,3 @@ WScript.Echo FormatDateTime(#1/2/2003#) ' expect: 1/2/2003
 WScript.Echo GetLocale() ' expect: 1033
 WScript.Echo SetLocale(1033) ' expect: 1033
 WScript.Echo SetLocale("en-us") ' expect: 1033
-On Error Resume Next
-x = FormatNumber("abc")
-WScript.Echo Err.Number ' expect: 13
-Err.Clear
-x = FormatDateTime(Now, 5)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = SetLocale(4242)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = FormatNumber(1, -2)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = FormatCurrency(Null)
-WScript.Echo Err.Number ' expect: 13
