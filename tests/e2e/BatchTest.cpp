@@ -1,4 +1,5 @@
-// Whole batches through the executable: file sources, spliced command lines and scripts, templates.
+// Whole batches through the executable: a folder, a template, exit and the window. How a line is
+// expanded and its photos listed is tested on the engine (PrepareRun, MainCode).
 #include "E2eFixture.h"
 
 TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
@@ -28,63 +29,6 @@ TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
         EXPECT_NEAR(double(small->first) / small->second,
                     double(original->first) / original->second, 0.02);
     }
-}
-
-TEST_F(E2eTest, BareNamesInAFileListComeFromTheFolderOfTheEntryBefore) {
-    copySample("wine.jpg", "in/a.jpg");
-    copySample("umang.jpg", "in/b.jpg");
-    copySample("friends.jpg", "other/c.jpg");
-    copySample("picture-1a.jpg", "other/b.jpg");
-    // in\a, then b from in\, then other\c, then b from other\; empty entries drop out.
-    const std::string files = path("in\\a.jpg") + ";b.jpg;;" + path("other\\c.jpg") + ";b.jpg";
-    const ProcessResult r = run({"/files:" + files, "/cmd:MsgBox fx.filename",
-                                 "/fx.SaveFileNameAddPrefix " + q("p_"), "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    for (const char* name : {"in/p_a.jpg", "in/p_b.jpg", "other/p_c.jpg", "other/p_b.jpg"})
-        EXPECT_TRUE(sizeOf(name)) << name << "\n" << describe(r);
-    EXPECT_FALSE(exists("other/p_a.jpg"));
-    // MsgBox on a console: the title on one line, the text below it; the files in list order.
-    const std::string title = "VBScript\n"; // MsgBox's own title when the script gives none
-    const size_t first = r.err.find(title + path("in\\a.jpg") + "\n");
-    const size_t second = r.err.find(title + path("in\\b.jpg") + "\n");
-    const size_t third = r.err.find(title + path("other\\c.jpg") + "\n");
-    const size_t fourth = r.err.find(title + path("other\\b.jpg") + "\n");
-    ASSERT_NE(fourth, std::string::npos) << describe(r);
-    EXPECT_TRUE(first < second && second < third && third < fourth) << describe(r);
-}
-
-TEST_F(E2eTest, StoredCommandLinesAreSplicedInAndMayNest) {
-    copySample("wine.jpg", "in/a.jpg");
-    write("jobs/name.txt", "/fx.SaveFileNameAddPrefix \"half_\"\r\n");
-    // The nested switch's path runs to the next "/", so it must not end at a line break.
-    write("jobs/job.txt", QByteArray("/loadcmdscript:") +
-                              QByteArray::fromStdString(path("jobs\\name.txt")) +
-                              " /fx.ResizePercent 50\r\n");
-    const ProcessResult r =
-        run({"/files:" + path("in\\a.jpg"), "/loadcmdscript:" + path("jobs\\job.txt"),
-             "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_EQ(r.err, "");
-    const auto original = sizeOf("in/a.jpg");
-    const auto half = sizeOf("in/half_a.jpg");
-    ASSERT_TRUE(original && half) << describe(r);
-    EXPECT_NEAR(half->first, original->first / 2.0, 1.0);
-}
-
-TEST_F(E2eTest, ScriptFilesAreSplicedInTheirCommandLineForm) {
-    copySample("friends.jpg", "in/a.jpg");
-    // Script lines; a line starting with "//" is a comment of the command-line form.
-    write("job.vt3", "fx.ResizePercent 25\r\n\r\n// not a statement\r\n"
-                     "fx.SaveFileNameAddPrefix \"q_\"\r\nfx.savefile\r\n");
-    const ProcessResult r =
-        run({"/files:" + path("in\\a.jpg"), "/loadvt3script:" + path("job.vt3"), "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    // The spliced script holds fx.savefile, so no question about a missing save is asked.
-    EXPECT_EQ(r.err, "");
-    const auto original = sizeOf("in/a.jpg");
-    const auto quarter = sizeOf("in/q_a.jpg");
-    ASSERT_TRUE(original && quarter) << describe(r);
-    EXPECT_NEAR(quarter->first, original->first / 4.0, 1.0);
 }
 
 TEST_F(E2eTest, ScriptFileTemplateReplacesTheDefaultOne) {
@@ -147,28 +91,6 @@ TEST_F(E2eTest, ABatchWithoutExitRunsAndThenAsksForTheWindow) {
     EXPECT_TRUE(r.exited && r.status == 2) << describe(r);
     EXPECT_TRUE(sizeOf("in/w_a.jpg")) << describe(r);
     EXPECT_NE(r.err.find("the batch ran; add /exit"), std::string::npos) << describe(r);
-}
-
-TEST_F(E2eTest, FolderAllTakesSubfoldersAndFolderDoesNot) {
-    copySample("wine.jpg", "in/a.jpg");
-    copySample("umang.jpg", "in/sub/b.JPG"); // the image filter ignores case
-    copySample("friends.jpg", "in/sub/deeper/c.jpeg");
-    write("in/notes.txt", "not a photo\n");
-    const ProcessResult top = run(
-        {"/folder:" + path("in"), "/fx.SaveFileNameAddPrefix " + q("f_"), "/fx.savefile", "/exit"});
-    ASSERT_TRUE(top.exited && top.status == 0) << describe(top);
-    EXPECT_EQ(entries("in"), (QStringList{"a.jpg", "f_a.jpg", "notes.txt", "sub"}));
-    EXPECT_EQ(entries("in/sub"), (QStringList{"b.JPG", "deeper"}));
-
-    const ProcessResult all =
-        run({"/folderall:" + path("in"), "/fx.SaveFileNameAddPrefix " + q("r_"), "/fx.savefile",
-             "/exit"});
-    ASSERT_TRUE(all.exited && all.status == 0) << describe(all);
-    // f_a.jpg from the first run is an image of the folder too.
-    for (const char* name :
-         {"in/r_a.jpg", "in/r_f_a.jpg", "in/sub/r_b.JPG", "in/sub/deeper/r_c.jpeg"})
-        EXPECT_TRUE(sizeOf(name)) << name << "\n" << describe(all);
-    EXPECT_FALSE(exists("in/r_notes.txt"));
 }
 
 TEST_F(E2eTest, PathsWithBlanksAccentsAndAnotherCaseAreFound) {

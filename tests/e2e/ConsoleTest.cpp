@@ -44,14 +44,6 @@ TEST_F(ConsoleTest, PossibleErrorAnsweredYesAddsTheSave) {
     EXPECT_TRUE(halved()) << describe(r);
 }
 
-TEST_F(ConsoleTest, WithoutATerminalTheQuestionTakesNoAndSaysSo) {
-    const ProcessResult r = run(unsavedBatch());
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_TRUE(contains(r.err, std::string("Possible Error\n") + kQuestion)) << r.err;
-    EXPECT_TRUE(contains(r.err, "(no terminal to answer on: taking \"No\")")) << r.err;
-    EXPECT_FALSE(halved());
-}
-
 TEST_F(ConsoleTest, WithStderrInAFileTheQuestionIsNotAskedUnseen) {
     // Typed on a terminal, but the question would go to a log nobody reads while it waits.
     std::string command = "exec \"$0\"";
@@ -89,16 +81,6 @@ TEST_F(ConsoleTest, ScriptMsgBoxQuestionsGoToTheTerminal) {
     EXPECT_FALSE(exists("in/m_a.jpg"));
 }
 
-TEST_F(ConsoleTest, MsgDisplayPrintsItsBoxOnStderr) {
-    const ProcessResult r =
-        run({"/files:" + path("in\\a.jpg"), "/fx.MsgDisplay \"width \" & fx.ImagWidth",
-             "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    const auto size = sizeOf("in/a.jpg");
-    ASSERT_TRUE(size);
-    EXPECT_TRUE(contains(r.err, "Info\nwidth " + std::to_string(size->first) + "\n")) << r.err;
-}
-
 TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalWhileShown) {
     const ProcessResult r =
         runInTerminal({"/files:" + path("in\\a.jpg") + ";b.jpg", "/fx.ResizePercent 10",
@@ -112,15 +94,11 @@ TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalWhileShown) {
     EXPECT_TRUE(r.out.size() >= 2 && r.out.compare(r.out.size() - 2, 2, "\r\n") == 0) << r.out;
 }
 
-TEST_F(ConsoleTest, NoProgressLineWhenHiddenOrWithoutATerminal) {
+// Without a terminal there is no line either (E2eTest.FolderBatchWithAPrefixFitsEveryPhoto...).
+TEST_F(ConsoleTest, NoProgressLineWhenHidden) {
     const std::vector<std::string> hidden = {"/files:" + path("in\\a.jpg") + ";b.jpg",
                                              "/progress.hide", "/fx.savefile", "/exit"};
     const ProcessResult onTerminal = runInTerminal(hidden, {});
     ASSERT_TRUE(onTerminal.exited && onTerminal.status == 0) << describe(onTerminal);
     EXPECT_FALSE(contains(onTerminal.out, "file 1 of")) << onTerminal.out;
-
-    const ProcessResult piped =
-        run({"/files:" + path("in\\a.jpg") + ";b.jpg", "/fx.savefile", "/exit"});
-    ASSERT_TRUE(piped.exited && piped.status == 0) << describe(piped);
-    EXPECT_EQ(piped.err, "");
 }

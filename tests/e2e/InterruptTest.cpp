@@ -35,15 +35,6 @@ TEST_F(E2eTest, CtrlCEndsAScriptLoopingForEverInMain) {
     EXPECT_EQ(entries(), (QStringList{".config", "loop.txt"})); // nothing left behind
 }
 
-TEST_F(E2eTest, SigtermEndsTheRunWithItsOwnStatus) {
-    write("loop.txt", kLoopingMain);
-    const ProcessResult r =
-        run({"/scriptfile:" + path("loop.txt"), "/exit"}, signalAfterASecond(SIGTERM));
-    ASSERT_TRUE(r.exited) << describe(r);
-    EXPECT_EQ(r.status, 128 + SIGTERM) << describe(r);
-    EXPECT_LT(r.seconds - r.signalSentAt, kPromptly) << describe(r);
-}
-
 TEST_F(E2eTest, CtrlCDuringSavesLeavesOnlyCompletePhotos) {
 #ifndef VANTOREL_SAVES_REGISTER_TEMP_FILES
     GTEST_SKIP() << "the imaging library does not register its save files with Interrupt yet";

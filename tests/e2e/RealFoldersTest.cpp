@@ -62,19 +62,3 @@ TEST_F(RealFoldersTest, FolderWalksDoNotFollowLinksOutOfTheTree) {
     ASSERT_TRUE(followed.exited && followed.status == 0) << describe(followed);
     EXPECT_NE(read("elsewhere/theirs.jpg"), theirs);
 }
-
-TEST_F(RealFoldersTest, AStoredLineThatIncludesItselfStopsAtOnceNamingIt) {
-    copySample("wine.jpg", "in/a.jpg");
-    const QByteArray original = read("in/a.jpg");
-    write("jobs/loop.txt", QByteArray("/fx.Blur /loadcmdscript:") +
-                               QByteArray::fromStdString(path("jobs\\loop.txt")) + " /fx.savefile");
-    ProcessOptions quick;
-    quick.timeoutSeconds = 10;
-    const ProcessResult r =
-        run({"/files:" + path("in\\a.jpg"), "/loadcmdscript:" + path("jobs\\loop.txt"), "/exit"},
-            quick);
-    ASSERT_TRUE(r.exited && r.status == 2) << describe(r);
-    EXPECT_TRUE(contains(r.err, path("jobs\\loop.txt") + " includes itself (/loadcmdscript:)"))
-        << r.err;
-    EXPECT_EQ(read("in/a.jpg"), original);
-}

@@ -96,28 +96,6 @@ TEST(FxBadInput, ATruncatedPngIsReportedAsDamagedWhenItsPixelsAreRead) {
     EXPECT_EQ(dir.entries().size(), 3u);
 }
 
-TEST(FxBadInput, DamageFoundOnlyWhileDecodingIsReportedAtSaveAndTheTargetKept) {
-    TempDir dir;
-    // A JPEG whose end marker survives but whose middle is overwritten.
-    std::string photo = readFile(samplePhoto());
-    for (size_t k = photo.size() / 3; k < photo.size() / 3 + 4000; ++k)
-        photo[k] = '\xFF';
-    writeFile(dir.str("mangled.jpg"), photo);
-    writeFile(dir.str("target.png"), "previous");
-    FxDriver d;
-    int loadErr = d.errorOf([&] { d.load(dir.str("mangled.jpg")); });
-    if (loadErr == 0) {
-        int saveErr = d.errorOf([&] { d.saveAs(dir.str("target.png")); });
-        if (saveErr != 0) {
-            EXPECT_EQ(d.get(u"ImagError").toLong(), saveErr);
-            EXPECT_EQ(readFile(dir.str("target.png")), "previous");
-        }
-    } else {
-        EXPECT_EQ(loadErr, 20003);
-    }
-    EXPECT_EQ(dir.entries().size(), 2u);
-}
-
 TEST(FxBadInput, MetafilesLoadThroughImageMagick) {
     TempDir dir;
     writeFile(dir.str("drawing.wmf"), wmfFile());
@@ -153,8 +131,9 @@ struct LoadCase {
 
 class FxLoadFormats : public ::testing::TestWithParam<LoadCase> {};
 
-// Files written here by libvips (and its ImageMagick bridge) under every extension of the image
-// filter and the modern formats, then loaded through fx.filename.
+// Files written here by libvips (and its ImageMagick bridge) under the extensions of the image
+// filter and the modern formats that no save writes, then loaded through fx.filename. The
+// formats a save writes are read back by FxFormatRoundTrip; RLE by RunLengthEncodedBitmapLoads.
 TEST_P(FxLoadFormats, LoadsByContent) {
     const LoadCase& c = GetParam();
     TempDir dir;
@@ -162,21 +141,13 @@ TEST_P(FxLoadFormats, LoadsByContent) {
     vips::VImage img = gradient(48, 32);
     std::string ext = std::string(c.name).substr(std::string(c.name).find('.') + 1);
     try {
-        if (ext == "bmp" || ext == "dib" || ext == "rle")
+        if (ext == "dib")
             img.magicksave(path.c_str(), vips::VImage::option()->set("format", "BMP"));
-        else if (ext == "pcx" || ext == "dcx" || ext == "tga" || ext == "ico")
-            img.magicksave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
         else if (ext == "jif")
             img.jpegsave(path.c_str());
         else if (ext == "heic")
             img.heifsave(path.c_str(), vips::VImage::option()->set(
                                            "compression", VIPS_FOREIGN_HEIF_COMPRESSION_HEVC));
-        else if (ext == "avif")
-            img.heifsave(path.c_str(), vips::VImage::option()->set(
-                                           "compression", VIPS_FOREIGN_HEIF_COMPRESSION_AV1));
-        else if (ext == "pgm" || ext == "pbm")
-            img.colourspace(VIPS_INTERPRETATION_B_W)
-                .ppmsave(path.c_str(), vips::VImage::option()->set("format", ext.c_str()));
         else
             img.write_to_file(path.c_str());
     } catch (const vips::VError& e) {
@@ -189,16 +160,11 @@ TEST_P(FxLoadFormats, LoadsByContent) {
     EXPECT_EQ(d.get(u"IFormat").toLong(), c.code);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    ImageFilterAndModern, FxLoadFormats,
-    ::testing::Values(LoadCase{"a.bmp", 1}, LoadCase{"a.dib", 1}, LoadCase{"a.rle", 17},
-                      LoadCase{"a.gif", 2}, LoadCase{"a.jpg", 3}, LoadCase{"a.jpeg", 3},
-                      LoadCase{"a.jif", 3}, LoadCase{"a.tif", 4}, LoadCase{"a.tiff", 4},
-                      LoadCase{"a.png", 5}, LoadCase{"a.ppm", 6}, LoadCase{"a.pgm", 7},
-                      LoadCase{"a.pbm", 8}, LoadCase{"a.pcx", 9}, LoadCase{"a.dcx", 10},
-                      LoadCase{"a.tga", 11}, LoadCase{"a.ico", 12}, LoadCase{"a.webp", 13},
-                      LoadCase{"a.avif", 14}, LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
-    [](const auto& info) {
-        std::string n = info.param.name;
-        return n.substr(2);
-    });
+INSTANTIATE_TEST_SUITE_P(ImageFilterAndModern, FxLoadFormats,
+                         ::testing::Values(LoadCase{"a.dib", 1}, LoadCase{"a.jpeg", 3},
+                                           LoadCase{"a.jif", 3}, LoadCase{"a.tiff", 4},
+                                           LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
+                         [](const auto& info) {
+                             std::string n = info.param.name;
+                             return n.substr(2);
+                         });

@@ -19,17 +19,6 @@ protected:
     FxDriver d;
 };
 
-TEST_F(FxOps, RotateAnyAngleFillsWithBackColor) {
-    d.let(u"BackColor", L(0x0000FF)); // red as &HBBGGRR
-    d.call(u"Rotate", {I(45)});
-    EXPECT_GT(d.width(), 64);
-    EXPECT_GT(d.height(), 48);
-    auto corner = image().getpoint(0, 0);
-    EXPECT_NEAR(corner[0], 255, 1);
-    EXPECT_NEAR(corner[1], 0, 1);
-    EXPECT_NEAR(corner[2], 0, 1);
-}
-
 TEST_F(FxOps, RotateTakesAnyAngle) {
     d.call(u"Rotate", {I(450)});
     EXPECT_EQ(d.width(), 48);
@@ -110,8 +99,8 @@ TEST_F(FxOps, GammaBelowAndAboveOne) {
     EXPECT_NE(d.lastDescription.find("(allowed -20 to 20)"), std::string::npos);
 }
 
-// A colour drawn, filled or merged onto a greyscale photo shows in colour: the photo becomes
-// colour at its depth. Grey drawn on it keeps it grey.
+// A colour drawn or filled onto a greyscale photo shows in colour: the photo becomes colour at
+// its depth. Grey drawn on it keeps it grey. (Text and Merge on grey: ImageKinds, imagingfx.)
 TEST_F(FxOps, ColourOnAGreyPhotoShowsInColour) {
     testsupport::gradient(200, 120)
         .colourspace(VIPS_INTERPRETATION_B_W)
@@ -125,16 +114,10 @@ TEST_F(FxOps, ColourOnAGreyPhotoShowsInColour) {
     EXPECT_EQ(VImage::new_from_file(dir.str("grey.png").c_str()).bands(), 1); // grey stays grey
     d.call(u"DrawWidth", {L(3)});
     d.call(u"DrawLine", {I(10), I(20), I(190), I(20), L(0x0000FF)});
-    d.call(u"Font", {S("Sans"), L(28), vbs::Value(false), vbs::Value(true), vbs::Value(false),
-                     vbs::Value(false)});
-    d.call(u"DrawText", {I(10), I(40), S("RED"), L(0x0000FF)});
     d.saveAs(dir.str("drawn.jpg"));
     VImage drawn = VImage::new_from_file(dir.str("drawn.jpg").c_str());
     ASSERT_EQ(drawn.bands(), 3);
     EXPECT_TRUE(isRed(drawn.getpoint(100, 20)));
-    VImage text = drawn.crop(10, 40, 80, 40);
-    VImage red = (text[0] > 200) & (text[1] < 60) & (text[2] < 60);
-    EXPECT_GT(red.avg(), 0.05 * 255); // part of the text box is red
     EXPECT_LT(std::abs(drawn.getpoint(100, 100)[0] - drawn.getpoint(100, 100)[2]), 8);
 
     d.load(dir.str("grey.jpg"));
@@ -144,16 +127,9 @@ TEST_F(FxOps, ColourOnAGreyPhotoShowsInColour) {
 
     d.load(dir.str("grey.jpg"));
     d.let(u"BackColor", L(0x0000FF));
-    d.call(u"Rotate", {I(30)});
+    d.call(u"Rotate", {I(30)}); // any angle: the corners it uncovers take BackColor
+    EXPECT_GT(d.width(), 200);
     EXPECT_TRUE(isRed(image().getpoint(0, 0)));
-
-    d.load(testsupport::samplePhoto());
-    d.call(u"Copy");
-    d.load(dir.str("grey.jpg"));
-    d.call(u"Merge", {vbs::Value(true), I(1)}); // the colour clipboard stretched over the photo
-    EXPECT_EQ(image().bands(), 3);
-    EXPECT_GT((image()[0].cast(VIPS_FORMAT_INT) - image()[2].cast(VIPS_FORMAT_INT)).abs().max(),
-              60);
 }
 
 TEST_F(FxOps, ColorizeGreysThenAddsTheColour) {

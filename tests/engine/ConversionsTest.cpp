@@ -32,60 +32,36 @@ TEST(CommandLineToScript, SearchIgnoresCaseButReplacementsDoNot) {
               QStringLiteral("/FX.Blur \r\nfx.Sharpen"));
 }
 
-TEST(ScriptToCommandLine, StatementsBecomeItems) {
-    EXPECT_EQ(ScriptToCommandLine("fx.Diffuse\r\nfx.resize 30, 30\r\nfx.savefile"),
-              QStringLiteral(" /fx.Diffuse /fx.resize 30, 30 /fx.savefile"));
-    EXPECT_EQ(ScriptToCommandLine("fx.Blur\r\n"), QStringLiteral(" /fx.Blur"));
-    EXPECT_EQ(ScriptToCommandLine("progress.hide\r\nfunc.X 1"),
-              QStringLiteral(" /progress.hide /func.X 1"));
-}
-
-TEST(ScriptToCommandLine, EmptyScriptGivesOneSeparator) {
-    EXPECT_EQ(ScriptToCommandLine(""), QStringLiteral(" /"));
-}
-
-TEST(ScriptToCommandLine, BlankLinesCollapse) {
-    EXPECT_EQ(ScriptToCommandLine("fx.A\r\n\r\n\r\nfx.B\r\n\r\nfx.C"),
-              QStringLiteral(" /fx.A /fx.B /fx.C"));
-    EXPECT_EQ(ScriptToCommandLine("\r\n\r\nfx.A"), QStringLiteral(" /fx.A"));
-    // Twenty blank lines are an ordinary run and merge into one separator.
-    EXPECT_EQ(ScriptToCommandLine("fx.A" + QString("\r\n").repeated(21) + "fx.B"),
-              QStringLiteral(" /fx.A /fx.B"));
-}
-
-TEST(ScriptToCommandLine, CollapseIsAFixedSeriesOfPasses) {
-    // The passes merge up to 271,648 consecutive line ends into one separator; one more and two
-    // separators are left, since the series is not repeated until nothing changes.
-    EXPECT_EQ(ScriptToCommandLine("x" + QString("\r\n").repeated(271648) + "y"),
-              QStringLiteral(" /x /y"));
-    EXPECT_EQ(ScriptToCommandLine("x" + QString("\r\n").repeated(271649) + "y"),
-              QStringLiteral(" /x / /y"));
-}
-
-TEST(ScriptToCommandLine, CommentLines) {
-    EXPECT_EQ(ScriptToCommandLine("// note\r\nfx.A\r\n\\\\ other note\r\nfx.B"),
-              QStringLiteral(" /fx.A /fx.B"));
-    // With a leading blank the line is kept as an item of its own.
-    EXPECT_EQ(ScriptToCommandLine(" // kept\r\nfx.A"), QStringLiteral(" / // kept /fx.A"));
-}
-
-TEST(ScriptToCommandLine, PlainCodeAndPercentSigns) {
-    EXPECT_EQ(ScriptToCommandLine("Dim x\r\nfx.A 5%"), QStringLiteral(" /Dim x /fx.A 5%"));
-    // The marker itself inside a statement counts as a line boundary.
-    EXPECT_EQ(ScriptToCommandLine("fx.Text \"a% /%b\""), QStringLiteral(" /fx.Text \"a /b\""));
-}
-
-TEST(ScriptToCommandLine, SeparatorsAreTidied) {
-    EXPECT_EQ(ScriptToCommandLine("fx.A  \r\n  fx.B"), QStringLiteral(" /fx.A   /  fx.B"));
-    EXPECT_EQ(ScriptToCommandLine("x \r\nfx.B"), QStringLiteral(" /x /fx.B"));
-    EXPECT_EQ(ScriptToCommandLine("x  \r\nfx.B"), QStringLiteral(" /x /fx.B"));
-}
-
-TEST(Conversions, RoundTripOfStatementScripts) {
-    const QString script = QStringLiteral("fx.Blur\r\nprogress.hide\r\nfx.Text \"x\", 1\r\nfunc.A");
-    const QString line = ScriptToCommandLine(script);
-    EXPECT_EQ(CommandLineToScript(line), QStringLiteral(" \r\nfx.Blur \r\nprogress.hide \r\n"
-                                                        "fx.Text \"x\", 1 \r\nfunc.A"));
+TEST(ScriptToCommandLine, EachRuleAsAScriptAndItsLine) {
+    const QString ends = QStringLiteral("\r\n");
+    const std::pair<QString, QString> cases[] = {
+        // Statements become items; an empty script gives one separator.
+        {"fx.Diffuse\r\nfx.resize 30, 30\r\nfx.savefile",
+         " /fx.Diffuse /fx.resize 30, 30 /fx.savefile"},
+        {"fx.Blur\r\n", " /fx.Blur"},
+        {"progress.hide\r\nfunc.X 1", " /progress.hide /func.X 1"},
+        {"", " /"},
+        // Blank lines collapse: twenty are an ordinary run. The passes merge up to 271,648
+        // consecutive line ends into one separator; one more and two are left, since the series
+        // is not repeated until nothing changes.
+        {"fx.A\r\n\r\n\r\nfx.B\r\n\r\nfx.C", " /fx.A /fx.B /fx.C"},
+        {"\r\n\r\nfx.A", " /fx.A"},
+        {"fx.A" + ends.repeated(21) + "fx.B", " /fx.A /fx.B"},
+        {"x" + ends.repeated(271648) + "y", " /x /y"},
+        {"x" + ends.repeated(271649) + "y", " /x / /y"},
+        // Comment lines go; with a leading blank the line is kept as an item of its own.
+        {"// note\r\nfx.A\r\n\\\\ other note\r\nfx.B", " /fx.A /fx.B"},
+        {" // kept\r\nfx.A", " / // kept /fx.A"},
+        // Plain code stays; the marker itself inside a statement counts as a line boundary.
+        {"Dim x\r\nfx.A 5%", " /Dim x /fx.A 5%"},
+        {"fx.Text \"a% /%b\"", " /fx.Text \"a /b\""},
+        // Separators are tidied.
+        {"fx.A  \r\n  fx.B", " /fx.A   /  fx.B"},
+        {"x \r\nfx.B", " /x /fx.B"},
+        {"x  \r\nfx.B", " /x /fx.B"},
+    };
+    for (const auto& [script, line] : cases)
+        EXPECT_EQ(ScriptToCommandLine(script), line) << script.left(40).toStdString();
 }
 
 TEST(IsSupportedImageFile, LooseExtensionTest) {

@@ -39,14 +39,6 @@ int errorNumber(const std::function<void()>& f) {
 
 } // namespace
 
-TEST(ProgressObject, MembersAreFoundWithoutRegardToCase) {
-    frmConvProgress form(std::make_unique<NullBackend>());
-    ProgressObject progress(form);
-    EXPECT_EQ(progress.memberId(u"show"), progress.memberId(u"SHOW"));
-    EXPECT_GE(progress.memberId(u"doxevents"), 0);
-    EXPECT_EQ(progress.memberId(u"DoEvents"), -1);
-}
-
 TEST(ProgressObject, ShowHideCaptionAndLabel) {
     auto backend = std::make_unique<NullBackend>();
     NullBackend* events = backend.get();

@@ -4,7 +4,6 @@
 
 #include <QList>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
@@ -70,16 +69,4 @@ TEST(ConsoleProgressBackend, LineNamesFileCountAndRate) {
     state.photosPerSecond = 0;
     state.label = "own text";
     EXPECT_EQ(ConsoleProgressBackend::progressLine(state), QStringLiteral("file 3, own text"));
-}
-
-TEST(ConsoleProgressBackend, SilentWhenStderrIsNotATerminal) {
-    if (isatty(2)) GTEST_SKIP() << "stderr is a terminal";
-    testing::internal::CaptureStderr();
-    {
-        frmConvProgress progress; // the console backend by default
-        progress.Show();
-        progress.setLabelCaption("Now Converting: a.jpg");
-        progress.Hide();
-    }
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

@@ -57,11 +57,9 @@ TEST(ScriptErrorExcerpt, MiddleLineHasFiveEachSideTabsRemovedAndTrimmed) {
               QStringLiteral("Line 1195:"));
 }
 
+// The preview's text: ScriptHost.PreviewReturnsTheErrorAsText, FxBatch.PreviewMode....
 TEST(ScriptErrorTexts, PreviewAndBox) {
     const ScriptFailure failure{1002, "Syntax error", 7};
-    EXPECT_EQ(previewErrorText(failure, "fx.Blur ("),
-              QStringLiteral("Error was found: 1002: Syntax error\r\n\r\nPlease correct the below "
-                             "line:\r\n\r\n   fx.Blur ("));
     EXPECT_EQ(runtimeErrorText(failure, "Syntax error", "Line 007:  x\r\n"),
               QStringLiteral("Error in Code...Syntax error\r\n1002: Syntax error at line 7\r\n\r\n"
                              "Script Preview: \r\nLine 007:  x\r\n"));

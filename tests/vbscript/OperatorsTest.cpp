@@ -34,6 +34,7 @@ TEST(Operators, ArithmeticPromotion)
         {"Long+1 overflows to Double", ops::add(i32, Value(int16_t(1))), VarType::Double, u"2147483648"},
         {"string plus number", ops::add(str, Value(int16_t(2))), VarType::Double, u"3"},
         {"string plus string", ops::add(str, Value(u"2")), VarType::String, u"12"},
+        {"string plus Empty", ops::add(Value(u"x"), e), VarType::String, u"x"},
         {"Empty plus Empty", ops::add(e, e), VarType::Integer, u"0"},
         {"Boolean plus Boolean", ops::add(Value(true), Value(true)), VarType::Integer, u"-2"},
         {"Byte times Byte", ops::mul(Value::fromByte(200), Value::fromByte(2)), VarType::Integer, u"400"},

@@ -42,6 +42,10 @@ protected:
     Value call(std::u16string_view member, std::vector<Value> args = {}) {
         return invoke(*m_fso, member, std::move(args));
     }
+    // The error number a call raises (0 when it succeeds).
+    int failure(std::u16string_view member, std::vector<Value> args = {}) {
+        return errorOf([&] { call(member, std::move(args)); });
+    }
 
     fs::path m_dir;
     vbs::Ref<vbs::Dispatch> m_fso;
@@ -99,23 +103,21 @@ TEST_F(FileSystemObjectTest, FilesAndFolders) {
     const auto subs = each(dispatchOf(get(folder, u"SubFolders")));
     ASSERT_EQ(subs.size(), 1u);
     EXPECT_EQ(get(dispatchOf(subs[0]), u"Name").toString(), u"sub");
-    EXPECT_EQ(errorOf([&] { call(u"GetFile", {Value(path(u"none.jpg"))}); }), 53);
-    EXPECT_EQ(errorOf([&] { call(u"GetFolder", {Value(path(u"none"))}); }), 76);
+    EXPECT_EQ(failure(u"GetFile", {Value(path(u"none.jpg"))}), 53);
+    EXPECT_EQ(failure(u"GetFolder", {Value(path(u"none"))}), 76);
 }
 
 TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
     call(u"CreateFolder", {Value(path(u"out"))});
     EXPECT_TRUE(fs::is_directory(m_dir / "out"));
-    EXPECT_EQ(errorOf([&] { call(u"CreateFolder", {Value(path(u"out"))}); }), 58);
-    EXPECT_EQ(errorOf([&] { call(u"CreateFolder", {Value(path(u"no\\such"))}); }), 76);
+    EXPECT_EQ(failure(u"CreateFolder", {Value(path(u"out"))}), 58);
+    EXPECT_EQ(failure(u"CreateFolder", {Value(path(u"no\\such"))}), 76);
     writeBytes("a.jpg", "A");
     writeBytes("b.jpg", "B");
     call(u"CopyFile", {Value(path(u"a.jpg")), Value(path(u"out\\"))});
     EXPECT_EQ(readBytes("out/a.jpg"), "A");
     EXPECT_EQ(
-        errorOf([&] {
-            call(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg")), Value(false)});
-        }),
+        failure(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg")), Value(false)}),
         58);
     call(u"CopyFile", {Value(path(u"b.jpg")), Value(path(u"out\\a.jpg"))}); // overwrites by default
     EXPECT_EQ(readBytes("out/a.jpg"), "B");
@@ -124,26 +126,20 @@ TEST_F(FileSystemObjectTest, CreateCopyMoveDelete) {
     call(u"MoveFile", {Value(path(u"a.jpg")), Value(path(u"moved.jpg"))});
     EXPECT_FALSE(fs::exists(m_dir / "a.jpg"));
     EXPECT_EQ(readBytes("moved.jpg"), "A");
-    EXPECT_EQ(errorOf([&] {
-                  call(u"MoveFile", {Value(path(u"b.jpg")), Value(path(u"moved.jpg"))});
-              }),
-              58);
+    EXPECT_EQ(failure(u"MoveFile", {Value(path(u"b.jpg")), Value(path(u"moved.jpg"))}), 58);
     call(u"DeleteFile", {Value(path(u"out\\*.jpg"))});
     EXPECT_TRUE(fs::is_empty(m_dir / "out"));
-    EXPECT_EQ(errorOf([&] { call(u"DeleteFile", {Value(path(u"none.jpg"))}); }), 53);
-    EXPECT_EQ(errorOf([&] { call(u"CopyFile", {Value(path(u"b.jpg")), Value(u"")}); }), 52);
-    EXPECT_EQ(errorOf([&] { call(u"CreateFolder", {Value(u"")}); }), 52);
-    EXPECT_EQ(errorOf([&] {
-                  call(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))});
-              }),
-              53);
+    EXPECT_EQ(failure(u"DeleteFile", {Value(path(u"none.jpg"))}), 53);
+    EXPECT_EQ(failure(u"CopyFile", {Value(path(u"b.jpg")), Value(u"")}), 52);
+    EXPECT_EQ(failure(u"CreateFolder", {Value(u"")}), 52);
+    EXPECT_EQ(failure(u"CopyFile", {Value(path(u"none.jpg")), Value(path(u"x.jpg"))}), 53);
 }
 
 TEST_F(FileSystemObjectTest, SpecialFolderAndTempName) {
     auto temp = dispatchOf(call(u"GetSpecialFolder", {Value(int16_t(2))}));
     EXPECT_TRUE(fs::is_directory(nativeOfForTest(get(temp, u"Path").toString())));
-    EXPECT_EQ(errorOf([&] { call(u"GetSpecialFolder", {Value(int16_t(0))}); }), 76);
-    EXPECT_EQ(errorOf([&] { call(u"GetSpecialFolder", {Value(int16_t(3))}); }), 5);
+    EXPECT_EQ(failure(u"GetSpecialFolder", {Value(int16_t(0))}), 76);
+    EXPECT_EQ(failure(u"GetSpecialFolder", {Value(int16_t(3))}), 5);
     const String name = call(u"GetTempName").toString();
     EXPECT_EQ(name.size(), 12u);
     EXPECT_EQ(name.substr(0, 3), u"rad");
@@ -188,15 +184,9 @@ TEST_F(FileSystemObjectTest, TextStreams) {
     invoke(append, u"WriteLine");
     invoke(append, u"Close");
     EXPECT_EQ(readBytes("list.txt"), "caf\xC3\xA9\r\nlast\r\n");
-    EXPECT_EQ(errorOf([&] {
-                  call(u"CreateTextFile", {Value(path(u"list.txt")), Value(false)});
-              }),
-              58);
-    EXPECT_EQ(errorOf([&] { call(u"OpenTextFile", {Value(path(u"none.txt"))}); }), 53);
-    EXPECT_EQ(errorOf([&] {
-                  call(u"OpenTextFile", {Value(path(u"list.txt")), Value(int16_t(3))});
-              }),
-              5);
+    EXPECT_EQ(failure(u"CreateTextFile", {Value(path(u"list.txt")), Value(false)}), 58);
+    EXPECT_EQ(failure(u"OpenTextFile", {Value(path(u"none.txt"))}), 53);
+    EXPECT_EQ(failure(u"OpenTextFile", {Value(path(u"list.txt")), Value(int16_t(3))}), 5);
     call(u"OpenTextFile", {Value(path(u"new.txt")), Value(int16_t(2)), Value(true)});
     EXPECT_TRUE(fs::exists(m_dir / "new.txt"));
 }

@@ -93,8 +93,34 @@ TEST_F(InstalledLibrary, ErrorsCarryNumberAndMessage) {
     EXPECT_EQ(control.error().number, 5);
     EXPECT_EQ(control.error().description, u"Invalid procedure call or argument");
     EXPECT_EQ(control.error().line, 2);
-    control.clearError();
-    EXPECT_FALSE(control.addCode(u"Set o = CreateObject(\"Nope.Nothing\")\n"));
-    EXPECT_EQ(control.error().number, 429);
-    EXPECT_EQ(control.error().description, u"ActiveX component can't create object");
+}
+
+// Each function refusing what it is given, with its error number: the function called with
+// a value out of its range, of no use to it, or Null where it takes none.
+TEST_F(InstalledLibrary, RefusedArgumentsRaiseTheirErrors) {
+    // clang-format off
+    const std::pair<const char16_t*, int32_t> cases[] = {
+        {u"CByte(256)", 6}, {u"CStr(Null)", 94}, {u"CBool(\"maybe\")", 13}, {u"Hex(2147483648)", 6},
+        {u"DateAdd(\"x\", 1, Now)", 5}, {u"DateAdd(\"yyyy\", 1, #12/31/9999#)", 5},
+        {u"DateDiff(\"d\", Now, Now, 8)", 5}, {u"DateSerial(10000, 1, 1)", 5},
+        {u"DateSerial(9999, 12, 32)", 5}, {u"DateAdd(\"d\", -1, #1/1/100#)", 5},
+        {u"DateAdd(\"yyyy\", 1000000000, 0)", 5}, {u"MonthName(13)", 5}, {u"WeekdayName(0)", 5},
+        {u"DateValue(\"not a date\")", 13}, {u"FormatNumber(\"abc\")", 13},
+        {u"FormatDateTime(Now, 5)", 5}, {u"SetLocale(4242)", 5}, {u"FormatNumber(1, -2)", 5},
+        {u"FormatCurrency(Null)", 13}, {u"MsgBox(\"bad\", 6)", 5}, {u"Sqr(-1)", 5}, {u"Log(0)", 5},
+        {u"Exp(1000)", 6}, {u"Round(1.5, -1)", 5}, {u"Abs(\"abc\")", 13}, {u"Asc(\"\")", 5},
+        {u"Chr(256)", 5}, {u"ChrW(65536)", 5}, {u"Asc(Null)", 94}, {u"Mid(\"abc\", 0)", 5},
+        {u"Left(\"abc\", -1)", 5}, {u"Space(-1)", 5}, {u"String(2, \"\")", 5},
+        {u"Mid(\"abc\", 1, -1)", 5}, {u"Space(2000000000)", 14},
+        {u"Replace(\"abc\", \"a\", \"b\", 0)", 5}, {u"Split(\"a\", \",\", -2)", 5},
+        {u"Join(\"not an array\")", 13}, {u"Join(Array(1, Null))", 13},
+        {u"Replace(Null, \"a\", \"b\")", 94}, {u"InStr(0, \"abc\", \"a\")", 5},
+        {u"InStr(1, \"abc\", \"a\", 2)", 5}, {u"InStrRev(\"abc\", \"a\", 0)", 5},
+    };
+    // clang-format on
+    for (const auto& [expression, number] : cases) {
+        EXPECT_FALSE(control.addCode(u"x = " + String(expression))) << toUtf8(expression);
+        EXPECT_EQ(control.error().number, number) << toUtf8(expression);
+        control.clearError();
+    }
 }

@@ -1,4 +1,4 @@
-// Number text: Round's halves, the en-US Format functions, Hex and Oct of negatives.
+// Number text: Round's halves and the en-US Format functions (Hex and Oct: the conversion script).
 #include "NumberText.h"
 
 #include <gtest/gtest.h>
@@ -48,17 +48,4 @@ TEST(NumberText, FormatCurrencyAndPercent) {
     EXPECT_EQ(formatPercent(-0.5, {0}), u"-50%");
     EXPECT_EQ(formatPercent(-0.5, {0, -2, -1}), u"(50%)");
     EXPECT_EQ(formatPercent(12.3456, {1}), u"1,234.6%");
-}
-
-TEST(NumberText, HexAndOct) {
-    EXPECT_EQ(hexString(255, false), u"FF");
-    EXPECT_EQ(hexString(0, true), u"0");
-    EXPECT_EQ(hexString(-1, true), u"FFFF");
-    EXPECT_EQ(hexString(-1, false), u"FFFFFFFF");
-    EXPECT_EQ(hexString(-32768, true), u"8000");
-    EXPECT_EQ(hexString(-32769, false), u"FFFF7FFF");
-    EXPECT_EQ(hexString(2147483647, false), u"7FFFFFFF");
-    EXPECT_EQ(octString(8, false), u"10");
-    EXPECT_EQ(octString(-1, true), u"177777");
-    EXPECT_EQ(octString(-1, false), u"37777777777");
 }

@@ -20,12 +20,3 @@ WScript.Echo Int(Date) = Date ' expect: True
 WScript.Echo Time < 1 ' expect: True
 WScript.Echo Timer >= 0 And Timer < 86400 ' expect: True
 WScript.Echo TypeName(Timer) ' expect: Single
-On Error Resume Next
-x = MonthName(13)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = WeekdayName(0)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = DateValue("not a date")
-WScript.Echo Err.Number ' expect: 13

@@ -28,21 +28,3 @@ WScript.Echo "[" & Space(3) & "]" ' expect: [   ]
 WScript.Echo String(3, "xyz") ' expect: xxx
 WScript.Echo String(2, 65) ' expect: AA
 WScript.Echo StrReverse("abc") ' expect: cba
-On Error Resume Next
-x = Mid("abc", 0)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = Left("abc", -1)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = Space(-1)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = String(2, "")
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = Mid("abc", 1, -1)
-WScript.Echo Err.Number ' expect: 5
-Err.Clear
-x = Space(2000000000)
-WScript.Echo Err.Number ' expect: 14

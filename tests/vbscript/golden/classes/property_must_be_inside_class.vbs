@@ -1,3 +1,0 @@
-Property Get Loose()
-End Property
-' expect compile error 1048 line 1

@@ -1,6 +1,0 @@
-WScript.Echo 0.1 + 0.2, 1E+20, 1.5E-07, 1 / 3, 100 / 4
-WScript.Echo 123456789012345, 1234567890123456, -0.5, 1E-05
-WScript.Echo CStr(2.5), CStr(True), CStr(1 = 2)
-' expect: 0.3 1E+20 1.5E-07 0.333333333333333 25
-' expect: 123456789012345 1.23456789012346E+15 -0.5 1E-05
-' expect: 2.5 True False

@@ -1,4 +1,0 @@
-If True Then
-    x = 1
-
-' expect compile error 1014

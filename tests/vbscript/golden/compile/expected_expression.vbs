@@ -1,3 +1,0 @@
-Dim a
-a = (1 + 
-' expect compile error 1023 line 2

@@ -1,4 +1,0 @@
-If True Then
-    x = 1
-End Sub
-' expect compile error 1012 line 3

@@ -1,4 +1,0 @@
-Do
-    x = 1
-
-' expect compile error 1019

@@ -1,2 +1,0 @@
-ReDim a
-' expect compile error 1005 line 1

@@ -1,4 +1,0 @@
-For i = 1 To 2
-    x = 1
-
-' expect compile error 1020

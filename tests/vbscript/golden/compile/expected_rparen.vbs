@@ -1,2 +1,0 @@
-x = (1 + 2
-' expect compile error 1006 line 1

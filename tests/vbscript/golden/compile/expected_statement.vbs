@@ -1,3 +1,0 @@
-Dim a
-)
-' expect compile error 1024 line 2

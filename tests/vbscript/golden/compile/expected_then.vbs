@@ -1,4 +1,0 @@
-If True
-    x = 1
-End If
-' expect compile error 1017 line 1

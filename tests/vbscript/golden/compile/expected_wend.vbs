@@ -1,4 +1,0 @@
-While True
-    x = 1
-
-' expect compile error 1018

@@ -1,2 +1,0 @@
-Exit Do
-' expect compile error 1039 line 1

@@ -1,3 +1,0 @@
-Dim a
-Loop
-' expect compile error 1038 line 2

@@ -1,3 +1,0 @@
-Dim a
-Option Explicit
-' expect compile error 1042 line 2

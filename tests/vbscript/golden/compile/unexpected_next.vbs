@@ -1,2 +1,0 @@
-Next
-' expect compile error 1055 line 1

@@ -1,2 +1,0 @@
-WScript.Echo Len("a", "b")
-' expect runtime error 450 line 1

@@ -1,2 +1,0 @@
-Set o = New Missing
-' expect runtime error 506 line 1

@@ -1,3 +1,0 @@
-Dim o
-Set o = 5
-' expect runtime error 424 line 2

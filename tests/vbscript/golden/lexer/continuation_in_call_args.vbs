@@ -1,4 +1,0 @@
-WScript.Echo "a", _
-             "b", _
-             "c"
-' expect: a b c

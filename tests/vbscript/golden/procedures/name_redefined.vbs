@@ -1,3 +1,0 @@
-Dim a
-Dim a
-' expect compile error 1041 line 2
