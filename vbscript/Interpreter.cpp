@@ -84,16 +84,6 @@ Value Engine::evalNode(const Expr* e)
     }
 }
 
-bool Engine::evalCondition(const Expr* e)
-{
-    const Value v = eval(e);
-    if (v.type() == VarType::Boolean)
-        return v.rawBool();
-    if (v.isNull())
-        return false;
-    return v.toBoolean();
-}
-
 Value Engine::evalName(const NameExpr* e)
 {
     GlobalSlot& g = global(e->slot);

@@ -245,15 +245,37 @@ struct Engine::Fast {
         en.assignTo(a->target.get(), std::move(v), false);
         return Flow::Normal;
     }
+    [[gnu::noinline]] static void storeItem(Value& item, const Value& v) { item = v; }
     // a(i) = value: an item of a one-dimensional array in a plain variable, else the general way.
     static Flow assignItem(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
         const auto* c = static_cast<const CallExpr*>(a->target.get());
-        if (en.plainVector(c->target.get()))
-            en.writeItem(c, a->value.get());
-        else
+        Value* var = en.plainVector(c->target.get());
+        if (!var) {
             en.execAssign(a);
+            return Flow::Normal;
+        }
+        const Expr* ie = c->args[0].get();
+        const Expr* ve = a->value.get();
+        if (ve->kind == ExprKind::Literal && (ie->kind == ExprKind::Local || ie->kind == ExprKind::Literal)) {
+            // An Integer or Long subscript read in place and a literal that holds nothing: no
+            // code runs before the store, so var is still the array to write.
+            const Value& v = static_cast<const LiteralExpr*>(ve)->value;
+            const Value& iv = *en.leafValue(ie);
+            if (!v.isRefCounted() && isInt(iv.type())) {
+                const int64_t i = rawInt(iv);
+                if (i < 0 || i >= var->array()->counts[0])
+                    raise(ErrorCode::SubscriptOutOfRange);
+                ArrayRep* rep = ValueAccess::unshareArray(*var);
+                if (rep->plain)
+                    ValueAccess::copyPlain(rep->items[size_t(i)], v);
+                else
+                    storeItem(rep->items[size_t(i)], v);
+                return Flow::Normal;
+            }
+        }
+        en.writeItem(c, ve);
         return Flow::Normal;
     }
     // a(i) as a value, and the general way for anything else written so.
@@ -381,6 +403,87 @@ struct Engine::Fast {
 Value Engine::vectorItem(const CallExpr* c)
 {
     return readItem(c);
+}
+
+const Value* Engine::peek(const Expr* e)
+{
+    if (const Value* v = leafValue(e))
+        return v;
+    if (e->kind != ExprKind::Call)
+        return nullptr;
+    // a(i) as callVariable and evalCall read it, when nothing has to run to find the item.
+    const auto* c = static_cast<const CallExpr*>(e);
+    if (c->args.size() != 1 || !c->args[0])
+        return nullptr;
+    const Expr* ie = c->args[0].get();
+    if (ie->kind != ExprKind::Local && ie->kind != ExprKind::Literal)
+        return nullptr;
+    const Value& iv = *leafValue(ie);
+    if (!isInt(iv.type()))
+        return nullptr;
+    const Value* var = plainVector(c->target.get());
+    if (!var)
+        return nullptr;
+    const int64_t i = rawInt(iv);
+    const ArrayRep* rep = var->array();
+    if (i < 0 || i >= rep->counts[0])
+        raise(ErrorCode::SubscriptOutOfRange);
+    return &rep->items[size_t(i)];
+}
+
+namespace {
+
+[[gnu::always_inline]] inline bool truth(const Value& v)
+{
+    if (v.type() == VarType::Boolean)
+        return v.rawBool();
+    if (v.isNull())
+        return false;
+    return v.toBoolean();
+}
+
+} // namespace
+
+// Conditions read their operands in place where peek() can: a variable or a(i), Not of one
+// (a Boolean inverted, anything else through Not), and comparisons of two Integer or Long
+// values. Everything else is evaluated.
+bool Engine::evalCondition(const Expr* e)
+{
+    switch (e->kind) {
+    case ExprKind::Not:
+        if (const Value* v = peek(static_cast<const UnaryExpr*>(e)->operand.get())) {
+            if (v->type() == VarType::Boolean)
+                return !v->rawBool();
+            m_frame->node = e;
+            return truth(ops::logicNot(*v));
+        }
+        break;
+    case ExprKind::Eq: case ExprKind::Ne: case ExprKind::Lt: case ExprKind::Gt: case ExprKind::Le:
+    case ExprKind::Ge: {
+        const auto* b = static_cast<const BinaryExpr*>(e);
+        const Value* l = peek(b->left.get());
+        if (!l || !isInt(l->type()))
+            break;
+        const Value* r = peek(b->right.get());
+        if (!r || !isInt(r->type()))
+            break;
+        const int64_t x = rawInt(*l), y = rawInt(*r);
+        m_frame->node = e;
+        switch (e->kind) {
+        case ExprKind::Eq: return x == y;
+        case ExprKind::Ne: return x != y;
+        case ExprKind::Lt: return x < y;
+        case ExprKind::Gt: return x > y;
+        case ExprKind::Le: return x <= y;
+        default: return x >= y;
+        }
+    }
+    default:
+        if (const Value* v = peek(e))
+            return truth(*v);
+        break;
+    }
+    return truth(eval(e));
 }
 
 void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
