@@ -85,6 +85,9 @@ struct CallExpr : Expr {
     // procedure can take them without the general argument list.
     static constexpr size_t kMaxDirectArgs = 6;
     bool directArgs = false;
+    // directArgs, and every argument is a local or a parameter without parentheses: the call
+    // passes pointers to them and evaluates nothing.
+    bool variableArgs = false;
 };
 
 struct MemberExpr : Expr {

@@ -167,6 +167,29 @@ struct Engine::Fast {
         }
     };
     struct AnyOperand {};
+    // An operand whose evaluation runs no script procedure that could change a local (numbers,
+    // variables and operators, see callFree()): with a local on the left, it is evaluated first
+    // and the local then read in place.
+    struct CallFreeOperand {};
+    static bool callFree(const Expr* e)
+    {
+        switch (e->kind) {
+        case ExprKind::Literal: case ExprKind::Local: case ExprKind::RefParam:
+            return true;
+        case ExprKind::Neg: case ExprKind::Not:
+            return callFree(static_cast<const UnaryExpr*>(e)->operand.get());
+        case ExprKind::Add: case ExprKind::Sub: case ExprKind::Mul: case ExprKind::Div:
+        case ExprKind::IntDiv: case ExprKind::Mod: case ExprKind::Pow: case ExprKind::Concat:
+        case ExprKind::Eq: case ExprKind::Ne: case ExprKind::Lt: case ExprKind::Gt: case ExprKind::Le:
+        case ExprKind::Ge: case ExprKind::And: case ExprKind::Or: case ExprKind::Xor:
+        case ExprKind::Eqv: case ExprKind::Imp: {
+            const auto* b = static_cast<const BinaryExpr*>(e);
+            return callFree(b->left.get()) && callFree(b->right.get());
+        }
+        default:
+            return false;
+        }
+    }
 
     static Value literal(Engine&, const Expr* e) { return static_cast<const LiteralExpr*>(e)->value; }
     static Value local(Engine& en, const Expr* e) { return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot]; }
@@ -176,14 +199,33 @@ struct Engine::Fast {
         return en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
     }
 
+    template <class L>
+    [[gnu::always_inline]] static Value leftCopy(Engine& en, const Expr* e)
+    {
+        if constexpr (std::is_same_v<L, AnyOperand>)
+            return en.eval(e);
+        else
+            return L::get(en, e);
+    }
+
     // l op r. A right side that is not read in place could change a variable the left side
     // reads, so the left side is then copied first.
     template <ExprKind K, class L, class R>
     static Value binary(Engine& en, const Expr* e)
     {
+        return binaryInline<K, L, R>(en, e);
+    }
+    template <ExprKind K, class L, class R>
+    [[gnu::always_inline]] static Value binaryInline(Engine& en, const Expr* e)
+    {
         const auto* b = static_cast<const BinaryExpr*>(e);
-        if constexpr (std::is_same_v<R, AnyOperand>) {
-            const Value l = en.eval(b->left.get());
+        if constexpr (std::is_same_v<R, CallFreeOperand>) {
+            const Value r = en.eval(b->right.get());
+            const Value& l = L::get(en, b->left.get());
+            en.m_frame->node = e;
+            return applyBinary<K>(b, l, r);
+        } else if constexpr (std::is_same_v<R, AnyOperand>) {
+            const Value l = leftCopy<L>(en, b->left.get());
             const Value r = en.eval(b->right.get());
             en.m_frame->node = e;
             return applyBinary<K>(b, l, r);
@@ -206,16 +248,31 @@ struct Engine::Fast {
     static Flow assignLocal(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        Value v = en.eval(a->value.get());
+        storeLocal(en, a, en.eval(a->value.get()));
+        return Flow::Normal;
+    }
+    // x = l op r for a local x, the operation evaluated inline.
+    template <ExprKind K, class L, class R>
+    static Flow assignBinary(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        storeLocal(en, a, binaryInline<K, L, R>(en, a->value.get()));
+        return Flow::Normal;
+    }
+    [[gnu::always_inline]] static void storeLocal(Engine& en, const AssignStmt* a, Value&& v)
+    {
         if (!v.isObject()) {
             Value& var = en.m_frame->vars[static_cast<const NameExpr*>(a->target.get())->slot];
+            if (!var.isRefCounted()) {
+                ValueAccess::overwritePlain(var, std::move(v)); // a number: nothing to release
+                return;
+            }
             if (!var.isObject()) {
                 var = std::move(v);
-                return Flow::Normal;
+                return;
             }
         }
         en.assignTo(a->target.get(), std::move(v), false);
-        return Flow::Normal;
     }
     static Flow assignField(Engine& en, const Stmt* s)
     {
@@ -317,7 +374,7 @@ struct Engine::Fast {
         if (a.appendsToTarget && a.appendPieces.size() <= 4)
             return &appendAssign;
         if (!a.isSet && t == ExprKind::Local)
-            return &assignLocal;
+            return assignLocalFor(a);
         if (!a.isSet && t == ExprKind::Global)
             return &assignGlobal;
         if (!a.isSet && t == ExprKind::Field)
@@ -325,25 +382,55 @@ struct Engine::Fast {
         return &execGeneral;
     }
 
-    template <ExprKind K, class L>
-    static EvalFn binaryFor(const Expr* right)
+    // The evaluator (EvalFn) or the executor of "local = l op r" (ExecFn) for the operand shapes.
+    template <class Fn, ExprKind K, class L, class R>
+    static Fn pick()
+    {
+        if constexpr (std::is_same_v<Fn, ExecFn>)
+            return &assignBinary<K, L, R>;
+        else
+            return &binary<K, L, R>;
+    }
+
+    template <class Fn, ExprKind K, class L>
+    static Fn binaryFor(const Expr* right)
     {
         switch (right->kind) {
-        case ExprKind::Local: return &binary<K, L, LocalOperand>;
-        case ExprKind::RefParam: return &binary<K, L, RefOperand>;
-        case ExprKind::Literal: return &binary<K, L, LiteralOperand>;
-        default: return &binary<K, AnyOperand, AnyOperand>;
+        case ExprKind::Local: return pick<Fn, K, L, LocalOperand>();
+        case ExprKind::RefParam: return pick<Fn, K, L, RefOperand>();
+        case ExprKind::Literal: return pick<Fn, K, L, LiteralOperand>();
+        default:
+            if constexpr (std::is_same_v<L, LocalOperand>)
+                if (callFree(right))
+                    return pick<Fn, K, L, CallFreeOperand>();
+            return pick<Fn, K, L, AnyOperand>();
         }
     }
 
-    template <ExprKind K>
-    static EvalFn binaryFor(const BinaryExpr& b)
+    template <ExprKind K, class Fn = EvalFn>
+    static Fn binaryFor(const BinaryExpr& b)
     {
         switch (b.left->kind) {
-        case ExprKind::Local: return binaryFor<K, LocalOperand>(b.right.get());
-        case ExprKind::RefParam: return binaryFor<K, RefOperand>(b.right.get());
-        case ExprKind::Literal: return binaryFor<K, LiteralOperand>(b.right.get());
-        default: return binaryFor<K, AnyOperand>(b.right.get());
+        case ExprKind::Local: return binaryFor<Fn, K, LocalOperand>(b.right.get());
+        case ExprKind::RefParam: return binaryFor<Fn, K, RefOperand>(b.right.get());
+        case ExprKind::Literal: return binaryFor<Fn, K, LiteralOperand>(b.right.get());
+        default: return binaryFor<Fn, K, AnyOperand>(b.right.get());
+        }
+    }
+
+    // "x = l op r" for a local x and an arithmetic operator.
+    static ExecFn assignLocalFor(const AssignStmt& a)
+    {
+        const Expr& v = *a.value;
+        const auto& b = static_cast<const BinaryExpr&>(v);
+        switch (v.kind) {
+        case ExprKind::Add: return binaryFor<ExprKind::Add, ExecFn>(b);
+        case ExprKind::Sub: return binaryFor<ExprKind::Sub, ExecFn>(b);
+        case ExprKind::Mul: return binaryFor<ExprKind::Mul, ExecFn>(b);
+        case ExprKind::Div: return binaryFor<ExprKind::Div, ExecFn>(b);
+        case ExprKind::IntDiv: return binaryFor<ExprKind::IntDiv, ExecFn>(b);
+        case ExprKind::Mod: return binaryFor<ExprKind::Mod, ExecFn>(b);
+        default: return &assignLocal;
         }
     }
 };

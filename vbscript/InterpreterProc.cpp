@@ -104,9 +104,18 @@ struct DirectArgs {
 // so the engine has been entered.
 [[gnu::always_inline]] inline Value Engine::callDirect(Procedure* proc, const CallExpr* c)
 {
-    DirectArgs args;
     const size_t np = c->args.size();
     const ExprPtr* argv = c->args.data();
+    if (c->variableArgs) {
+        Value* ptrs[CallExpr::kMaxDirectArgs];
+        for (size_t i = 0; i < np; ++i) {
+            const auto* a = static_cast<const NameExpr*>(argv[i].get());
+            ptrs[i] = a->kind == ExprKind::Local ? &m_frame->vars[a->slot] : m_frame->refs[a->slot];
+        }
+        m_frame->node = c;
+        return runProcedure(proc, nullptr, ptrs);
+    }
+    DirectArgs args;
     for (size_t i = 0; i < np; ++i) {
         const Expr* a = argv[i].get();
         Value* p = nullptr;
