@@ -102,6 +102,7 @@ struct MemberExpr : Expr {
         uint64_t generation = 0;
         int id = -1;
         bool own = false;
+        Procedure* method = nullptr; // the Sub or Function when the object is a script class's
     };
     mutable MemberCache cache;
 };

@@ -161,7 +161,9 @@ private:
     struct Fast; // the specialised evaluators
     // Calls of script procedures (InterpreterProc.cpp).
     Value runProcedure(Procedure* proc, ClassInstance* me, Value* const* args);
+    struct DirectArgs;
     Value callDirect(Procedure* proc, const CallExpr* c);
+    Value callMemberDirect(const CallExpr* c, bool statement);
     static Value evalGlobalCall(Engine& en, const Expr* e);
     static Flow execCall(Engine& en, const Stmt* s);
     // Marks the outermost entry into the engine, where the native stack budget is measured.

@@ -233,8 +233,16 @@ int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e)
     const int id = own ? m_frame->me->anyMemberId(e->name) : d->memberId(e->name);
     if (id < 0)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
-    if (table)
-        cache = {table, m_generation, id, own};
+    if (table) {
+        Procedure* method = nullptr;
+        const auto* instance = dynamic_cast<const ClassInstance*>(d);
+        if (instance && instance->ownedBy(*this)) {
+            const ClassDef::Member& m = instance->classDef()->members[size_t(id)];
+            if (m.field < 0)
+                method = m.method;
+        }
+        cache = {table, m_generation, id, own, method};
+    }
     return id;
 }
 

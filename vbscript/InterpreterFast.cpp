@@ -149,7 +149,7 @@ struct Engine::Fast {
     // Operand shapes read in place: a local, a ByRef parameter, a literal. Any other operand is
     // evaluated into a temporary (AnyOperand).
     struct LocalOperand {
-        static const Value& get(Engine& en, const Expr* e)
+        static Value& get(Engine& en, const Expr* e)
         {
             return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot];
         }
@@ -158,6 +158,12 @@ struct Engine::Fast {
         static const Value& get(Engine& en, const Expr* e)
         {
             return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+        }
+    };
+    struct FieldOperand {
+        static Value& get(Engine& en, const Expr* e)
+        {
+            return en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
         }
     };
     struct LiteralOperand {
@@ -245,24 +251,26 @@ struct Engine::Fast {
     // Statements.
     // x = value for a local or global variable: the value replaces what the variable holds
     // unless one of them is an object (a default property may take the value).
+    template <class T>
     static Flow assignLocal(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        storeLocal(en, a, en.eval(a->value.get()));
+        store<T>(en, a, en.eval(a->value.get()));
         return Flow::Normal;
     }
-    // x = l op r for a local x, the operation evaluated inline.
-    template <ExprKind K, class L, class R>
+    // x = l op r for a local or field x, the operation evaluated inline.
+    template <class T, ExprKind K, class L, class R>
     static Flow assignBinary(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        storeLocal(en, a, binaryInline<K, L, R>(en, a->value.get()));
+        store<T>(en, a, binaryInline<K, L, R>(en, a->value.get()));
         return Flow::Normal;
     }
-    [[gnu::always_inline]] static void storeLocal(Engine& en, const AssignStmt* a, Value&& v)
+    template <class T>
+    [[gnu::always_inline]] static void store(Engine& en, const AssignStmt* a, Value&& v)
     {
         if (!v.isObject()) {
-            Value& var = en.m_frame->vars[static_cast<const NameExpr*>(a->target.get())->slot];
+            Value& var = T::get(en, a->target.get());
             if (!var.isRefCounted()) {
                 ValueAccess::overwritePlain(var, std::move(v)); // a number: nothing to release
                 return;
@@ -273,20 +281,6 @@ struct Engine::Fast {
             }
         }
         en.assignTo(a->target.get(), std::move(v), false);
-    }
-    static Flow assignField(Engine& en, const Stmt* s)
-    {
-        const auto* a = static_cast<const AssignStmt*>(s);
-        Value v = en.eval(a->value.get());
-        if (!v.isObject()) {
-            Value& var = en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(a->target.get())->slot)];
-            if (!var.isObject()) {
-                var = std::move(v);
-                return Flow::Normal;
-            }
-        }
-        en.assignTo(a->target.get(), std::move(v), false);
-        return Flow::Normal;
     }
     static Flow assignGlobal(Engine& en, const Stmt* s)
     {
@@ -374,31 +368,39 @@ struct Engine::Fast {
         if (a.appendsToTarget && a.appendPieces.size() <= 4)
             return &appendAssign;
         if (!a.isSet && t == ExprKind::Local)
-            return assignLocalFor(a);
+            return assignmentTo<LocalOperand>(a);
         if (!a.isSet && t == ExprKind::Global)
             return &assignGlobal;
         if (!a.isSet && t == ExprKind::Field)
-            return &assignField;
+            return assignmentTo<FieldOperand>(a);
         return &execGeneral;
     }
 
     // The evaluator (EvalFn) or the executor of "local = l op r" (ExecFn) for the operand shapes.
+    template <class Fn>
+    using FnType = std::conditional_t<std::is_same_v<Fn, EvalFn>, EvalFn, ExecFn>;
     template <class Fn, ExprKind K, class L, class R>
-    static Fn pick()
+    static FnType<Fn> pick()
     {
-        if constexpr (std::is_same_v<Fn, ExecFn>)
-            return &assignBinary<K, L, R>;
-        else
+        if constexpr (std::is_same_v<Fn, EvalFn>)
             return &binary<K, L, R>;
+        else
+            return &assignBinary<typename Fn::Target, K, L, R>;
     }
+    // Fn for the executor of "x = l op r" with x a T.
+    template <class T>
+    struct AssignTo {
+        using Target = T;
+    };
 
     template <class Fn, ExprKind K, class L>
-    static Fn binaryFor(const Expr* right)
+    static FnType<Fn> binaryFor(const Expr* right)
     {
         switch (right->kind) {
         case ExprKind::Local: return pick<Fn, K, L, LocalOperand>();
         case ExprKind::RefParam: return pick<Fn, K, L, RefOperand>();
         case ExprKind::Literal: return pick<Fn, K, L, LiteralOperand>();
+        case ExprKind::Field: return pick<Fn, K, L, FieldOperand>();
         default:
             if constexpr (std::is_same_v<L, LocalOperand>)
                 if (callFree(right))
@@ -408,29 +410,32 @@ struct Engine::Fast {
     }
 
     template <ExprKind K, class Fn = EvalFn>
-    static Fn binaryFor(const BinaryExpr& b)
+    static FnType<Fn> binaryFor(const BinaryExpr& b)
     {
         switch (b.left->kind) {
         case ExprKind::Local: return binaryFor<Fn, K, LocalOperand>(b.right.get());
         case ExprKind::RefParam: return binaryFor<Fn, K, RefOperand>(b.right.get());
         case ExprKind::Literal: return binaryFor<Fn, K, LiteralOperand>(b.right.get());
+        case ExprKind::Field: return binaryFor<Fn, K, FieldOperand>(b.right.get());
         default: return binaryFor<Fn, K, AnyOperand>(b.right.get());
         }
     }
 
-    // "x = l op r" for a local x and an arithmetic operator.
-    static ExecFn assignLocalFor(const AssignStmt& a)
+    // "x = value" for a local or field x (T), with the arithmetic operators evaluated inline.
+    template <class T>
+    static ExecFn assignmentTo(const AssignStmt& a)
     {
         const Expr& v = *a.value;
         const auto& b = static_cast<const BinaryExpr&>(v);
+        using Fn = AssignTo<T>;
         switch (v.kind) {
-        case ExprKind::Add: return binaryFor<ExprKind::Add, ExecFn>(b);
-        case ExprKind::Sub: return binaryFor<ExprKind::Sub, ExecFn>(b);
-        case ExprKind::Mul: return binaryFor<ExprKind::Mul, ExecFn>(b);
-        case ExprKind::Div: return binaryFor<ExprKind::Div, ExecFn>(b);
-        case ExprKind::IntDiv: return binaryFor<ExprKind::IntDiv, ExecFn>(b);
-        case ExprKind::Mod: return binaryFor<ExprKind::Mod, ExecFn>(b);
-        default: return &assignLocal;
+        case ExprKind::Add: return binaryFor<ExprKind::Add, Fn>(b);
+        case ExprKind::Sub: return binaryFor<ExprKind::Sub, Fn>(b);
+        case ExprKind::Mul: return binaryFor<ExprKind::Mul, Fn>(b);
+        case ExprKind::Div: return binaryFor<ExprKind::Div, Fn>(b);
+        case ExprKind::IntDiv: return binaryFor<ExprKind::IntDiv, Fn>(b);
+        case ExprKind::Mod: return binaryFor<ExprKind::Mod, Fn>(b);
+        default: return &assignLocal<T>;
         }
     }
 };

@@ -1,6 +1,8 @@
 // Interpreter: calls of script procedures and their frames.
 #include "Engine.h"
 
+#include "ClassInstance.h"
+
 namespace vbs {
 
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
@@ -71,16 +73,44 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
     return runProcedure(proc, me, args.data());
 }
 
-namespace {
-
-// The temporaries of a direct call: raw storage, constructed only for the arguments that are
-// not variables, destroyed in order after the call (as evalArgs' are).
-struct DirectArgs {
+// The arguments of a call that CallExpr::directArgs allows, bound as evalArgs binds them:
+// variables by reference, anything else evaluated into a temporary. The temporaries live in raw
+// storage, constructed only for the arguments that need one and destroyed in order after the
+// call (as evalArgs' are).
+struct Engine::DirectArgs {
     alignas(Value) unsigned char raw[CallExpr::kMaxDirectArgs * sizeof(Value)];
     Value* ptrs[CallExpr::kMaxDirectArgs];
     uint32_t built = 0;
 
-    DirectArgs() = default;
+    [[gnu::always_inline]] DirectArgs(Engine& en, const CallExpr* c)
+    {
+        const size_t n = c->args.size();
+        const ExprPtr* argv = c->args.data();
+        Frame* const frame = en.m_frame;
+        if (c->variableArgs) {
+            for (size_t i = 0; i < n; ++i) {
+                const auto* a = static_cast<const NameExpr*>(argv[i].get());
+                ptrs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
+            }
+        } else {
+            for (size_t i = 0; i < n; ++i) {
+                const Expr* a = argv[i].get();
+                Value* p = nullptr;
+                if (!a->parenthesized) {
+                    switch (a->kind) {
+                    case ExprKind::Local: p = &frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
+                    case ExprKind::RefParam: p = frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
+                    case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
+                        p = en.variableRef(a, RefMode::Arg);
+                        break;
+                    default: break;
+                    }
+                }
+                ptrs[i] = p ? p : temp(i, en.eval(a));
+            }
+        }
+        en.m_frame->node = c;
+    }
     DirectArgs(const DirectArgs&) = delete;
     DirectArgs& operator=(const DirectArgs&) = delete;
     ~DirectArgs()
@@ -97,42 +127,33 @@ struct DirectArgs {
     }
 };
 
-} // namespace
-
 // proc(args) for a call whose arguments CallExpr::directArgs allows and whose count matches:
 // what evalArgs and callProcedure do, without their general cases. The caller runs script code,
 // so the engine has been entered.
 [[gnu::always_inline]] inline Value Engine::callDirect(Procedure* proc, const CallExpr* c)
 {
-    const size_t np = c->args.size();
-    const ExprPtr* argv = c->args.data();
-    if (c->variableArgs) {
-        Value* ptrs[CallExpr::kMaxDirectArgs];
-        for (size_t i = 0; i < np; ++i) {
-            const auto* a = static_cast<const NameExpr*>(argv[i].get());
-            ptrs[i] = a->kind == ExprKind::Local ? &m_frame->vars[a->slot] : m_frame->refs[a->slot];
-        }
-        m_frame->node = c;
-        return runProcedure(proc, nullptr, ptrs);
-    }
-    DirectArgs args;
-    for (size_t i = 0; i < np; ++i) {
-        const Expr* a = argv[i].get();
-        Value* p = nullptr;
-        if (!a->parenthesized) {
-            switch (a->kind) {
-            case ExprKind::Local: p = &m_frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
-            case ExprKind::RefParam: p = m_frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
-            case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
-                p = variableRef(a, RefMode::Arg);
-                break;
-            default: break;
-            }
-        }
-        args.ptrs[i] = p ? p : args.temp(i, eval(a));
-    }
-    m_frame->node = c;
+    const DirectArgs args(*this, c);
     return runProcedure(proc, nullptr, args.ptrs);
+}
+
+// obj.name(args) for a call whose arguments CallExpr::directArgs allows: what evalArgs and
+// evalMember do, and a method of a script class instance of this engine with as many
+// parameters as there are arguments runs without going through invoke.
+Value Engine::callMemberDirect(const CallExpr* c, bool statement)
+{
+    const auto* m = static_cast<const MemberExpr*>(c->target.get());
+    DirectArgs args(*this, c);
+    const Value obj = eval(m->object.get());
+    m_frame->node = m;
+    Dispatch* d = memberObject(obj, m);
+    const int id = visibleMemberId(d, m);
+    const size_t n = c->args.size();
+    Procedure* method = m->cache.method;
+    if (method && m->cache.table == d->memberTable() && method->params.size() == n) {
+        // The value obj keeps the instance alive while the method runs.
+        return runProcedure(method, static_cast<ClassInstance*>(d), args.ptrs);
+    }
+    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, std::span<Value*>(args.ptrs, n));
 }
 
 // name(args) and the statement name args, for a global name: a procedure or built-in is
