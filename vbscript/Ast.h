@@ -272,6 +272,7 @@ struct Procedure {
     int resultSlot = -1;
     int localCount = 0;
     bool allByRef = true; // no ByVal parameter: a call binds its arguments by copying pointers
+    size_t paramCount = 0; // params.size(), kept where the calls read it
     std::unordered_set<String> execLocals; // folded names Dim'd by Execute'd code
 };
 

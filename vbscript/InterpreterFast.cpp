@@ -297,6 +297,36 @@ struct Engine::Fast {
         return Flow::Normal;
     }
     [[gnu::noinline]] static void storeItem(Value& item, const Value& v) { item = v; }
+    // a(i) = literal for a local a, i a local or a literal, and a literal that holds nothing:
+    // assignItem's first case with the shapes known.
+    static Flow assignLocalItemLiteral(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        const auto* c = static_cast<const CallExpr*>(a->target.get());
+        Frame* const frame = en.m_frame;
+        Value& var = frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+        if (!var.isArray() || var.array()->counts.size() != 1) {
+            en.execAssign(a);
+            return Flow::Normal;
+        }
+        const Expr* ie = c->args[0].get();
+        const Value& iv = ie->kind == ExprKind::Local ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
+                                                      : static_cast<const LiteralExpr*>(ie)->value;
+        if (!isInt(iv.type())) {
+            en.writeItem(c, a->value.get());
+            return Flow::Normal;
+        }
+        const int64_t i = rawInt(iv);
+        if (i < 0 || i >= var.array()->counts[0])
+            raise(ErrorCode::SubscriptOutOfRange);
+        ArrayRep* rep = ValueAccess::unshareArray(var);
+        const Value& v = static_cast<const LiteralExpr*>(a->value.get())->value;
+        if (rep->plain)
+            ValueAccess::copyPlain(rep->items[size_t(i)], v);
+        else
+            storeItem(rep->items[size_t(i)], v);
+        return Flow::Normal;
+    }
     // a(i) = value: an item of a one-dimensional array in a plain variable, else the general way.
     static Flow assignItem(Engine& en, const Stmt* s)
     {
@@ -360,8 +390,15 @@ struct Engine::Fast {
         if (t == ExprKind::Call && !a.isSet && !a.isMid) {
             const auto& c = static_cast<const CallExpr&>(*a.target);
             const ExprKind v = c.target->kind;
-            if (c.args.size() == 1 && c.args[0] && (v == ExprKind::Local || v == ExprKind::Global))
+            if (c.args.size() == 1 && c.args[0] && (v == ExprKind::Local || v == ExprKind::Global)) {
+                const ExprKind i = c.args[0]->kind;
+                const Expr& value = *a.value;
+                if (v == ExprKind::Local && (i == ExprKind::Local || i == ExprKind::Literal)
+                    && value.kind == ExprKind::Literal
+                    && !static_cast<const LiteralExpr&>(value).value.isRefCounted())
+                    return &assignLocalItemLiteral;
                 return &assignItem;
+            }
         }
         if (a.isMid || (t == ExprKind::Call && !a.isSet))
             return &execGeneral;
@@ -499,25 +536,34 @@ Value Engine::vectorItem(const CallExpr* c)
 
 const Value* Engine::peek(const Expr* e)
 {
-    if (const Value* v = leafValue(e))
-        return v;
-    if (e->kind != ExprKind::Call)
+    switch (e->kind) {
+    case ExprKind::Local: return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::RefParam: return m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::Literal: return &static_cast<const LiteralExpr*>(e)->value;
+    case ExprKind::Call: break;
+    default: return nullptr;
+    }
+    // a(i) for a local a, as callVariable reads it, when nothing has to run to find the item.
+    if (e->evaluate != &Fast::callVariable)
         return nullptr;
-    // a(i) as callVariable and evalCall read it, when nothing has to run to find the item.
     const auto* c = static_cast<const CallExpr*>(e);
-    if (c->args.size() != 1 || !c->args[0])
-        return nullptr;
     const Expr* ie = c->args[0].get();
-    if (ie->kind != ExprKind::Local && ie->kind != ExprKind::Literal)
+    const Value* iv;
+    if (ie->kind == ExprKind::Local)
+        iv = &m_frame->vars[static_cast<const NameExpr*>(ie)->slot];
+    else if (ie->kind == ExprKind::Literal)
+        iv = &static_cast<const LiteralExpr*>(ie)->value;
+    else
         return nullptr;
-    const Value& iv = *leafValue(ie);
-    if (!isInt(iv.type()))
+    if (!isInt(iv->type()))
         return nullptr;
-    const Value* var = plainVector(c->target.get());
-    if (!var)
+    const Value& var = m_frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+    if (!var.isArray())
         return nullptr;
-    const int64_t i = rawInt(iv);
-    const ArrayRep* rep = var->array();
+    const ArrayRep* rep = var.array();
+    if (rep->counts.size() != 1)
+        return nullptr;
+    const int64_t i = rawInt(*iv);
     if (i < 0 || i >= rep->counts[0])
         raise(ErrorCode::SubscriptOutOfRange);
     return &rep->items[size_t(i)];

@@ -3,6 +3,8 @@
 
 #include "Operators.h"
 
+#include <type_traits>
+
 namespace vbs {
 
 // Runs part of a block statement's head (a condition, a bound, a collection, the With object).
@@ -102,26 +104,32 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
     if (!fixedVar)
         var = variableRef(s->var.get(), RefMode::Write);
     *var = counter(i);
-    while (inc >= 0 ? i <= end : i >= end) {
-        tick();
-        const Flow f = runBlock(s->body);
-        if (f == Flow::ExitFor)
-            break;
-        if (f != Flow::Normal)
-            return f;
-        if (!fixedVar)
-            var = variableRef(s->var.get(), RefMode::Write);
-        const VarType vt = var->type();
-        const bool plain = vt == VarType::Integer || vt == VarType::Long;
-        i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
-        if (i > INT32_MAX || i < INT32_MIN)
-            raise(ErrorCode::Overflow);
-        if (plain)
-            ValueAccess::overwritePlain(*var, counter(i)); // an Integer or Long holds nothing to release
-        else
-            *var = counter(i);
-    }
-    return Flow::Normal;
+    // One loop per direction: the end test and the overflow test then have one side each (the
+    // counter read back is a Long at most, so adding inc can only leave the range on its side).
+    auto turns = [&](auto up) {
+        constexpr bool kUp = decltype(up)::value;
+        while (kUp ? i <= end : i >= end) {
+            tick();
+            const Flow f = runBlock(s->body);
+            if (f == Flow::ExitFor)
+                break;
+            if (f != Flow::Normal)
+                return f;
+            if (!fixedVar)
+                var = variableRef(s->var.get(), RefMode::Write);
+            const VarType vt = var->type();
+            const bool plain = vt == VarType::Integer || vt == VarType::Long;
+            i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
+            if (kUp ? i > INT32_MAX : i < INT32_MIN)
+                raise(ErrorCode::Overflow);
+            if (plain)
+                ValueAccess::overwritePlain(*var, counter(i)); // an Integer or Long holds nothing to release
+            else
+                *var = counter(i);
+        }
+        return Flow::Normal;
+    };
+    return inc >= 0 ? turns(std::true_type{}) : turns(std::false_type{});
 }
 
 Flow Engine::execForEach(const ForEachStmt* s)

@@ -13,7 +13,7 @@ namespace vbs {
 {
     checkStack();
     tick();
-    const size_t n = size_t(proc->localCount), np = proc->params.size();
+    const size_t n = size_t(proc->localCount), np = proc->paramCount;
     if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
         raise(ErrorCode::OutOfStackSpace);
     Frame frame;
@@ -63,7 +63,7 @@ namespace vbs {
 
 Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
 {
-    if (args.size() != proc->params.size())
+    if (args.size() != proc->paramCount)
         raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
     if (m_entryDepth == 0) {
         // Called from outside (a host holding a script object, a terminating object).
@@ -149,7 +149,7 @@ Value Engine::callMemberDirect(const CallExpr* c, bool statement)
     const int id = visibleMemberId(d, m);
     const size_t n = c->args.size();
     Procedure* method = m->cache.method;
-    if (method && m->cache.table == d->memberTable() && method->params.size() == n) {
+    if (method && m->cache.table == d->memberTable() && method->paramCount == n) {
         // The value obj keeps the instance alive while the method runs.
         return runProcedure(method, static_cast<ClassInstance*>(d), args.ptrs);
     }
@@ -163,7 +163,7 @@ Value Engine::evalGlobalCall(Engine& en, const Expr* e)
 {
     const auto* c = static_cast<const CallExpr*>(e);
     GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-    if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size())
+    if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount)
         return en.callDirect(g.proc, c);
     if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin)
         return en.callGlobal(g, c, false);
@@ -175,7 +175,7 @@ Flow Engine::execCall(Engine& en, const Stmt* s)
     const auto* c = static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get());
     if (c->target->kind == ExprKind::Global) {
         GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size()) {
+        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount) {
             en.callDirect(g.proc, c);
             return Flow::Normal;
         }

@@ -129,6 +129,7 @@ private:
     {
         m_proc = p;
         m_localConsts.clear();
+        p->paramCount = p->params.size();
         if (p->kind != ProcKind::TopLevel) {
             for (const auto& param : p->params) {
                 addLocal(p, param.name);
