@@ -313,7 +313,7 @@ struct Engine::Fast {
         const Value& iv = ie->kind == ExprKind::Local ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
                                                       : static_cast<const LiteralExpr*>(ie)->value;
         if (!isInt(iv.type())) {
-            en.writeItem(c, a->value.get());
+            en.assignVectorItem(c, a->value.get()); // writeItem out of line
             return Flow::Normal;
         }
         const int64_t i = rawInt(iv);

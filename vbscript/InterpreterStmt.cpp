@@ -156,17 +156,31 @@ std::u16string_view integerText(int32_t v, char16_t (&buf)[12])
 void Engine::appendToTarget(const AssignStmt* s)
 {
     const Expr* t = s->target.get();
-    Value temps[4];
+    // Temporaries only for the pieces that are not literals, destroyed in order.
+    struct Temps {
+        alignas(Value) unsigned char raw[4 * sizeof(Value)];
+        uint32_t built = 0;
+        Value* make(size_t i, Value v)
+        {
+            Value* slot = new (reinterpret_cast<Value*>(raw) + i) Value(std::move(v));
+            built |= 1u << i;
+            return slot;
+        }
+        ~Temps()
+        {
+            for (size_t i = 0; built; ++i, built >>= 1)
+                if (built & 1)
+                    reinterpret_cast<Value*>(raw)[i].~Value();
+        }
+    } temps;
     const Value* pieces[4];
     const size_t n = s->appendPieces.size();
     for (size_t i = 0; i < n; ++i) {
         const Expr* pe = s->appendPieces[i];
-        if (pe->kind == ExprKind::Literal) {
+        if (pe->kind == ExprKind::Literal)
             pieces[i] = &static_cast<const LiteralExpr*>(pe)->value;
-        } else {
-            temps[i] = eval(pe);
-            pieces[i] = &temps[i];
-        }
+        else
+            pieces[i] = temps.make(i, eval(pe));
     }
     Value* p = t->kind == ExprKind::Local ? &m_frame->vars[static_cast<const NameExpr*>(t)->slot]
                                           : variableRef(t, RefMode::Write);
