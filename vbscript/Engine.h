@@ -303,7 +303,9 @@ private:
     Value callBuiltin(const BuiltinDef* def, std::span<Value*> args);
     Value callMeMember(int member, std::span<Value*> args, bool statement);
     // The id of a member of d as the running code sees it; 438 naming it when there is none.
-    int visibleMemberId(Dispatch* d, const MemberExpr* e);
+    // method (when given): the Sub or Function it names on a script class instance of this
+    // engine, else nullptr.
+    int visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method = nullptr);
     Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable

@@ -222,26 +222,33 @@ Dispatch* Engine::memberObject(const Value& obj, const MemberExpr* e)
     return d;
 }
 
-int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e)
+int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method)
 {
     // Code inside a class reaches the private members of its own instance.
     const bool own = m_frame->me && d == m_frame->me;
     const void* table = d->memberTable();
     MemberExpr::MemberCache& cache = e->cache;
-    if (table && cache.table == table && cache.own == own && cache.generation == m_generation)
+    if (table && cache.table == table && cache.own == own && cache.generation == m_generation) {
+        if (method)
+            *method = cache.method;
         return cache.id;
+    }
+    if (method)
+        *method = nullptr;
     const int id = own ? m_frame->me->anyMemberId(e->name) : d->memberId(e->name);
     if (id < 0)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
     if (table) {
-        Procedure* method = nullptr;
+        Procedure* scriptMethod = nullptr;
         const auto* instance = dynamic_cast<const ClassInstance*>(d);
         if (instance && instance->ownedBy(*this)) {
             const ClassDef::Member& m = instance->classDef()->members[size_t(id)];
             if (m.field < 0)
-                method = m.method;
+                scriptMethod = m.method;
         }
-        cache = {table, m_generation, id, own, method};
+        cache = {table, m_generation, id, own, scriptMethod};
+        if (method)
+            *method = scriptMethod;
     }
     return id;
 }

@@ -146,10 +146,10 @@ Value Engine::callMemberDirect(const CallExpr* c, bool statement)
     const Value obj = eval(m->object.get());
     m_frame->node = m;
     Dispatch* d = memberObject(obj, m);
-    const int id = visibleMemberId(d, m);
+    Procedure* method;
+    const int id = visibleMemberId(d, m, &method);
     const size_t n = c->args.size();
-    Procedure* method = m->cache.method;
-    if (method && m->cache.table == d->memberTable() && method->paramCount == n) {
+    if (method && method->paramCount == n) {
         // The value obj keeps the instance alive while the method runs.
         return runProcedure(method, static_cast<ClassInstance*>(d), args.ptrs);
     }
