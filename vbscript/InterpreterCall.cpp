@@ -148,6 +148,8 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
 Value Engine::callOther(const CallExpr* c, bool statement)
 {
     const Expr* t = c->target.get();
+    if (t->kind == ExprKind::Member && c->directArgs)
+        return callMemberDirect(c, statement);
     ArgList args;
     switch (t->kind) {
     case ExprKind::Implicit: {
@@ -161,8 +163,6 @@ Value Engine::callOther(const CallExpr* c, bool statement)
         evalArgs(c->args, c, args);
         return callMeMember(static_cast<const NameExpr*>(t)->slot, args.span(), statement);
     case ExprKind::Member:
-        if (c->directArgs)
-            return callMemberDirect(c, statement);
         evalArgs(c->args, c, args);
         return evalMember(static_cast<const MemberExpr*>(t), args.span(), statement);
     case ExprKind::Local: case ExprKind::RefParam: case ExprKind::Field: {

@@ -184,7 +184,11 @@ Flow Engine::execCall(Engine& en, const Stmt* s)
             return Flow::Normal;
         }
     } else if (c->target->kind == ExprKind::Member) {
-        en.callOther(c, true); // evalCall's array-item test never holds for a member
+        // evalCall's array-item test never holds for a member.
+        if (c->directArgs)
+            en.callMemberDirect(c, true);
+        else
+            en.callOther(c, true);
         return Flow::Normal;
     }
     en.evalCall(c, true);
