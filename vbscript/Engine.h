@@ -306,6 +306,7 @@ private:
     // method (when given): the Sub or Function it names on a script class instance of this
     // engine, else nullptr.
     int visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method = nullptr);
+    [[gnu::noinline]] int lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own, const void* table);
     Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable

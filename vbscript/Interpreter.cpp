@@ -233,6 +233,13 @@ int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method
             *method = cache.method;
         return cache.id;
     }
+    return lookUpMember(d, e, method, own, table);
+}
+
+// visibleMemberId when the member's id is not remembered yet: looked up by name and remembered.
+int Engine::lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own, const void* table)
+{
+    MemberExpr::MemberCache& cache = e->cache;
     if (method)
         *method = nullptr;
     const int id = own ? m_frame->me->anyMemberId(e->name) : d->memberId(e->name);

@@ -145,7 +145,9 @@ Value Engine::callMemberDirect(const CallExpr* c, bool statement)
     DirectArgs args(*this, c);
     const Value obj = eval(m->object.get());
     m_frame->node = m;
-    Dispatch* d = memberObject(obj, m);
+    Dispatch* d = obj.isObject() && obj.object() ? obj.object()->asDispatch() : nullptr;
+    if (!d)
+        d = memberObject(obj, m); // raises what is wrong
     Procedure* method;
     const int id = visibleMemberId(d, m, &method);
     const size_t n = c->args.size();
