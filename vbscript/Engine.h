@@ -166,6 +166,7 @@ private:
     Value callMemberDirect(const CallExpr* c, bool statement);
     static Value evalGlobalCall(Engine& en, const Expr* e);
     static Flow execCall(Engine& en, const Stmt* s);
+    [[gnu::noinline]] void execNameCall(const CallExpr* c);
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);

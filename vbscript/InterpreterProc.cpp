@@ -172,20 +172,29 @@ Value Engine::evalGlobalCall(Engine& en, const Expr* e)
     return en.evalCall(c, false);
 }
 
+// The statement name args for a global name, and any other call statement but a member's.
+void Engine::execNameCall(const CallExpr* c)
+{
+    if (c->target->kind == ExprKind::Global) {
+        GlobalSlot& g = global(static_cast<const NameExpr*>(c->target.get())->slot);
+        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount) {
+            callDirect(g.proc, c);
+            return;
+        }
+        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
+            callGlobal(g, c, true);
+            return;
+        }
+    }
+    evalCall(c, true);
+}
+
+// Member calls apart from the others, so that they do not pay for the frame of an inlined
+// direct call.
 Flow Engine::execCall(Engine& en, const Stmt* s)
 {
     const auto* c = static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get());
-    if (c->target->kind == ExprKind::Global) {
-        GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount) {
-            en.callDirect(g.proc, c);
-            return Flow::Normal;
-        }
-        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
-            en.callGlobal(g, c, true);
-            return Flow::Normal;
-        }
-    } else if (c->target->kind == ExprKind::Member) {
+    if (c->target->kind == ExprKind::Member) {
         // evalCall's array-item test never holds for a member.
         if (c->directArgs)
             en.callMemberDirect(c, true);
@@ -193,7 +202,7 @@ Flow Engine::execCall(Engine& en, const Stmt* s)
             en.callOther(c, true);
         return Flow::Normal;
     }
-    en.evalCall(c, true);
+    en.execNameCall(c);
     return Flow::Normal;
 }
 
