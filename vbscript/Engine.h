@@ -234,6 +234,7 @@ private:
     Cond headCondition(const Expr* e);
     Flow runOnce(const Block& body);
     Flow execIf(const IfStmt* s);
+    Flow execIfThen(const IfStmt* s);
     Flow execFor(const ForStmt* s);
     Flow execIntegerFor(const ForStmt* s, const Value& from, const Value& to, const Value& step);
     Flow execForEach(const ForEachStmt* s);

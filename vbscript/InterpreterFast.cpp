@@ -381,6 +381,7 @@ struct Engine::Fast {
         return Flow::Normal;
     }
     static Flow ifStatement(Engine& en, const Stmt* s) { return en.execIf(static_cast<const IfStmt*>(s)); }
+    static Flow ifThen(Engine& en, const Stmt* s) { return en.execIfThen(static_cast<const IfStmt*>(s)); }
     static Flow forStatement(Engine& en, const Stmt* s) { return en.execFor(static_cast<const ForStmt*>(s)); }
     static Flow doStatement(Engine& en, const Stmt* s) { return en.execDo(static_cast<const DoStmt*>(s)); }
 
@@ -677,7 +678,10 @@ ExecFn Engine::executorFor(const Stmt& s)
     switch (s.kind) {
     case StmtKind::Call: return &execCall;
     case StmtKind::Assign: return Fast::assignmentFor(static_cast<const AssignStmt&>(s));
-    case StmtKind::If: return &Fast::ifStatement;
+    case StmtKind::If: {
+        const auto& i = static_cast<const IfStmt&>(s);
+        return i.arms.size() == 1 && i.elseBody.empty() ? &Fast::ifThen : &Fast::ifStatement;
+    }
     case StmtKind::For: return &Fast::forStatement;
     case StmtKind::Do: return &Fast::doStatement;
     default: return &execGeneral;
