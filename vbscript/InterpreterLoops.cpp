@@ -115,8 +115,11 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
     *var = counter(i);
     // One loop per direction: the end test and the overflow test then have one side each (the
     // counter read back is a Long at most, so adding inc can only leave the range on its side).
-    auto turns = [&](auto up) {
-        constexpr bool kUp = decltype(up)::value;
+    // A Long counter and a counter in a fixed place have loops of their own too.
+    auto turns = [&](auto up, auto longs, auto fixed) {
+        constexpr bool kUp = decltype(up)::value, kLong = decltype(longs)::value;
+        constexpr bool kFixed = decltype(fixed)::value;
+        auto next = [&](int64_t v) { return kLong ? Value(int32_t(v)) : counter(v); };
         while (kUp ? i <= end : i >= end) {
             tick();
             const Flow f = runBlock(s->body);
@@ -124,7 +127,7 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
                 break;
             if (f != Flow::Normal)
                 return f;
-            if (!fixedVar)
+            if (!kFixed)
                 var = variableRef(s->var.get(), RefMode::Write);
             const VarType vt = var->type();
             const bool plain = vt == VarType::Integer || vt == VarType::Long;
@@ -132,13 +135,19 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
             if (kUp ? i > INT32_MAX : i < INT32_MIN)
                 raise(ErrorCode::Overflow);
             if (plain)
-                ValueAccess::overwritePlain(*var, counter(i)); // an Integer or Long holds nothing to release
+                ValueAccess::overwritePlain(*var, next(i)); // an Integer or Long holds nothing to release
             else
-                *var = counter(i);
+                *var = next(i);
         }
         return Flow::Normal;
     };
-    return inc >= 0 ? turns(std::true_type{}) : turns(std::false_type{});
+    using Yes = std::true_type;
+    using No = std::false_type;
+    if (!fixedVar)
+        return inc >= 0 ? turns(Yes{}, No{}, No{}) : turns(No{}, No{}, No{});
+    if (useLong)
+        return inc >= 0 ? turns(Yes{}, Yes{}, Yes{}) : turns(No{}, Yes{}, Yes{});
+    return inc >= 0 ? turns(Yes{}, No{}, Yes{}) : turns(No{}, No{}, Yes{});
 }
 
 Flow Engine::execForEach(const ForEachStmt* s)
