@@ -291,10 +291,10 @@ private:
         return nullptr;
     }
     bool evalCondition(const Expr* e);
-    // A local, parameter or literal, or a(i) where i is an Integer or Long local or literal and
-    // plainVector(a) holds, read in place (raising only what a(i) raises for a subscript out of
-    // range); nullptr for anything else. Nothing runs, so the expression can still be evaluated
-    // when it gives nullptr.
+    // A local, parameter or literal, or a(i) for a local a holding a one-dimensional array and i
+    // an Integer or Long local or literal, read in place (raising only what a(i) raises for a
+    // subscript out of range); nullptr for anything else. Nothing runs, so the expression can
+    // still be evaluated when it gives nullptr.
     const Value* peek(const Expr* e);
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
@@ -308,7 +308,8 @@ private:
     // method (when given): the Sub or Function it names on a script class instance of this
     // engine, else nullptr.
     int visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method = nullptr);
-    [[gnu::noinline]] int lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own, const void* table);
+    [[gnu::noinline]] int lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own,
+        const void* table);
     Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable

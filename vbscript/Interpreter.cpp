@@ -237,7 +237,8 @@ int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method
 }
 
 // visibleMemberId when the member's id is not remembered yet: looked up by name and remembered.
-int Engine::lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own, const void* table)
+int Engine::lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own,
+    const void* table)
 {
     MemberExpr::MemberCache& cache = e->cache;
     if (method)

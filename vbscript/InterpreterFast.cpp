@@ -146,8 +146,8 @@ Value evalGeneral(Engine& engine, const Expr* e)
 }
 
 struct Engine::Fast {
-    // Operand shapes read in place: a local, a ByRef parameter, a literal. Any other operand is
-    // evaluated into a temporary (AnyOperand).
+    // Operand shapes read in place: a local, a ByRef parameter, a field of Me, a literal. Any
+    // other operand is evaluated into a temporary (AnyOperand).
     struct LocalOperand {
         static Value& get(Engine& en, const Expr* e)
         {
@@ -221,6 +221,7 @@ struct Engine::Fast {
     {
         return binaryInline<K, L, R>(en, e);
     }
+    // binary() for the executors that store its result.
     template <ExprKind K, class L, class R>
     [[gnu::always_inline]] static Value binaryInline(Engine& en, const Expr* e)
     {
@@ -249,8 +250,8 @@ struct Engine::Fast {
     }
 
     // Statements.
-    // x = value for a local or global variable: the value replaces what the variable holds
-    // unless one of them is an object (a default property may take the value).
+    // x = value for a local or field (T) or a global variable: the value replaces what the
+    // variable holds unless one of them is an object (a default property may take the value).
     template <class T>
     static Flow assignLocal(Engine& en, const Stmt* s)
     {
@@ -310,8 +311,9 @@ struct Engine::Fast {
             return Flow::Normal;
         }
         const Expr* ie = c->args[0].get();
-        const Value& iv = ie->kind == ExprKind::Local ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
-                                                      : static_cast<const LiteralExpr*>(ie)->value;
+        const Value& iv = ie->kind == ExprKind::Local
+            ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
+            : static_cast<const LiteralExpr*>(ie)->value;
         if (!isInt(iv.type())) {
             en.assignVectorItem(c, a->value.get()); // writeItem out of line
             return Flow::Normal;
@@ -339,7 +341,8 @@ struct Engine::Fast {
         }
         const Expr* ie = c->args[0].get();
         const Expr* ve = a->value.get();
-        if (ve->kind == ExprKind::Literal && (ie->kind == ExprKind::Local || ie->kind == ExprKind::Literal)) {
+        if (ve->kind == ExprKind::Literal
+            && (ie->kind == ExprKind::Local || ie->kind == ExprKind::Literal)) {
             // An Integer or Long subscript read in place and a literal that holds nothing: no
             // code runs before the store, so var is still the array to write.
             const Value& v = static_cast<const LiteralExpr*>(ve)->value;

@@ -155,7 +155,8 @@ Value Engine::callMemberDirect(const CallExpr* c, bool statement)
         // The value obj keeps the instance alive while the method runs.
         return runProcedure(method, static_cast<ClassInstance*>(d), args.ptrs);
     }
-    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet, std::span<Value*>(args.ptrs, n));
+    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet,
+        std::span<Value*>(args.ptrs, n));
 }
 
 // name(args) and the statement name args, for a global name: a procedure or built-in is

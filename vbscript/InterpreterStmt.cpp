@@ -200,7 +200,8 @@ void Engine::appendToTarget(const AssignStmt* s)
             ValueAccess::appendString(*p, rhs.str());
         } else if (rhs.type() == VarType::Integer || rhs.type() == VarType::Long) {
             char16_t buf[12];
-            ValueAccess::appendString(*p, integerText(rhs.type() == VarType::Integer ? rhs.rawInteger() : rhs.rawLong(), buf));
+            const int32_t number = rhs.type() == VarType::Integer ? rhs.rawInteger() : rhs.rawLong();
+            ValueAccess::appendString(*p, integerText(number, buf));
         } else if (!rhs.isNull()) {
             ValueAccess::appendString(*p, rhs.toString());
         }

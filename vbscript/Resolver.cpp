@@ -259,7 +259,8 @@ private:
                     resolveExpr(a.get());
                 if (!a || (a->kind == ExprKind::Call && !a->parenthesized))
                     c->directArgs = false;
-                if (!a || a->parenthesized || (a->kind != ExprKind::Local && a->kind != ExprKind::RefParam))
+                if (!a || a->parenthesized
+                    || (a->kind != ExprKind::Local && a->kind != ExprKind::RefParam))
                     c->variableArgs = false;
             }
             c->variableArgs = c->variableArgs && c->directArgs;
