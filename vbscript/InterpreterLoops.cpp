@@ -38,8 +38,12 @@ Engine::Cond Engine::headCondition(const Expr* e)
 Flow Engine::execIfThen(const IfStmt* s)
 {
     const IfStmt::Arm& arm = s->arms.front();
-    if (headCondition(arm.condition.get()) == Cond::False)
+    if (!m_frame->resumeNext) {
+        if (!evalCondition(arm.condition.get()))
+            return Flow::Normal;
+    } else if (headCondition(arm.condition.get()) == Cond::False) {
         return Flow::Normal;
+    }
     return execBlock(arm.body);
 }
 
