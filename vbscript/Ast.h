@@ -85,6 +85,9 @@ struct CallExpr : Expr {
     // procedure can take them without the general argument list.
     static constexpr size_t kMaxDirectArgs = 6;
     bool directArgs = false;
+    // directArgs, and every argument is a local or a parameter without parentheses: the call
+    // passes pointers to them and evaluates nothing.
+    bool variableArgs = false;
 };
 
 struct MemberExpr : Expr {
@@ -99,6 +102,7 @@ struct MemberExpr : Expr {
         uint64_t generation = 0;
         int id = -1;
         bool own = false;
+        Procedure* method = nullptr; // the Sub or Function when the object is a script class's
     };
     mutable MemberCache cache;
 };
@@ -268,6 +272,7 @@ struct Procedure {
     int resultSlot = -1;
     int localCount = 0;
     bool allByRef = true; // no ByVal parameter: a call binds its arguments by copying pointers
+    size_t paramCount = 0; // params.size(), kept where the calls read it
     std::unordered_set<String> execLocals; // folded names Dim'd by Execute'd code
 };
 

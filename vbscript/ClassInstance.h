@@ -18,6 +18,7 @@ public:
     int defaultMemberId() const override { return m_cls->defaultMember; }
     const void* memberTable() const override { return m_cls; }
     ClassDef* classDef() const { return m_cls; }
+    bool ownedBy(const Engine& engine) const { return &m_engine == &engine; }
     // Any member, public or private (code inside the class).
     int anyMemberId(std::u16string_view name) const;
 

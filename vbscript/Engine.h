@@ -102,11 +102,25 @@ public:
 
     // Stops a run after this many statements, loop turns and calls (0: no limit). The stop
     // cannot be caught by On Error Resume Next; the control reports it as error 17.
-    void setStatementLimit(uint64_t limit) { m_stepLimit = limit; }
+    void setStatementLimit(uint64_t limit)
+    {
+        m_stepLimit = limit;
+        m_watched = m_stepLimit || m_interrupt;
+    }
     // Stops a run at the next statement once *flag is set from another thread (0: never), with
     // the same error as the statement limit. A newer preview uses it to end an older one.
-    void setInterruptFlag(const std::atomic<bool>* flag) { m_interrupt = flag; }
+    void setInterruptFlag(const std::atomic<bool>* flag)
+    {
+        m_interrupt = flag;
+        m_watched = m_stepLimit || m_interrupt;
+    }
+    // Runs before every statement, loop turn and call: one test when nothing watches the run.
     void tick()
+    {
+        if (m_watched) [[unlikely]]
+            watchedTick();
+    }
+    void watchedTick()
     {
         if (m_stepLimit && ++m_steps > m_stepLimit)
             throw ScriptInterrupted{};
@@ -147,9 +161,12 @@ private:
     struct Fast; // the specialised evaluators
     // Calls of script procedures (InterpreterProc.cpp).
     Value runProcedure(Procedure* proc, ClassInstance* me, Value* const* args);
+    struct DirectArgs;
     Value callDirect(Procedure* proc, const CallExpr* c);
+    Value callMemberDirect(const CallExpr* c, bool statement);
     static Value evalGlobalCall(Engine& en, const Expr* e);
     static Flow execCall(Engine& en, const Stmt* s);
+    [[gnu::noinline]] void execNameCall(const CallExpr* c);
     // Marks the outermost entry into the engine, where the native stack budget is measured.
     struct Entry {
         explicit Entry(Engine& e);
@@ -190,10 +207,13 @@ private:
     // it raises is located and handled (On Error Resume Next) by statementFailed.
     [[gnu::always_inline]] Flow runBlock(const Block& block)
     {
+        // Calls restore the running frame before they return, so it stays the same through the
+        // block.
+        Frame* const frame = m_frame;
         for (const auto& sp : block) {
             const Stmt* s = sp.get();
-            m_frame->node = nullptr;
-            m_frame->stmt = s;
+            frame->node = nullptr;
+            frame->stmt = s;
             tick();
             try {
                 const Flow f = s->run(*this, s);
@@ -214,6 +234,7 @@ private:
     Cond headCondition(const Expr* e);
     Flow runOnce(const Block& body);
     Flow execIf(const IfStmt* s);
+    Flow execIfThen(const IfStmt* s);
     Flow execFor(const ForStmt* s);
     Flow execIntegerFor(const ForStmt* s, const Value& from, const Value& to, const Value& step);
     Flow execForEach(const ForEachStmt* s);
@@ -270,6 +291,11 @@ private:
         return nullptr;
     }
     bool evalCondition(const Expr* e);
+    // A local, parameter or literal, or a(i) for a local a holding a one-dimensional array and i
+    // an Integer or Long local or literal, read in place (raising only what a(i) raises for a
+    // subscript out of range); nullptr for anything else. Nothing runs, so the expression can
+    // still be evaluated when it gives nullptr.
+    const Value* peek(const Expr* e);
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
     [[gnu::noinline]] Value callOther(const CallExpr* c, bool statement);
@@ -279,7 +305,11 @@ private:
     Value callBuiltin(const BuiltinDef* def, std::span<Value*> args);
     Value callMeMember(int member, std::span<Value*> args, bool statement);
     // The id of a member of d as the running code sees it; 438 naming it when there is none.
-    int visibleMemberId(Dispatch* d, const MemberExpr* e);
+    // method (when given): the Sub or Function it names on a script class instance of this
+    // engine, else nullptr.
+    int visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method = nullptr);
+    [[gnu::noinline]] int lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own,
+        const void* table);
     Dispatch* memberObject(const Value& obj, const MemberExpr* e);
     enum class RefMode { Arg, Write };
     Value* variableRef(const Expr* e, RefMode mode); // nullptr when e is not a plain variable
@@ -320,6 +350,7 @@ private:
     uint64_t m_steps = 0;
     uint64_t m_stepLimit = 0;
     const std::atomic<bool>* m_interrupt = nullptr;
+    bool m_watched = false; // a statement limit or an interrupt flag is set
     char* m_stackBase = nullptr;  // native stack at the outermost entry
     size_t m_stackBudget = 0;     // bytes of native stack the engine may use
     int m_entryDepth = 0;

@@ -84,16 +84,6 @@ Value Engine::evalNode(const Expr* e)
     }
 }
 
-bool Engine::evalCondition(const Expr* e)
-{
-    const Value v = eval(e);
-    if (v.type() == VarType::Boolean)
-        return v.rawBool();
-    if (v.isNull())
-        return false;
-    return v.toBoolean();
-}
-
 Value Engine::evalName(const NameExpr* e)
 {
     GlobalSlot& g = global(e->slot);
@@ -232,19 +222,42 @@ Dispatch* Engine::memberObject(const Value& obj, const MemberExpr* e)
     return d;
 }
 
-int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e)
+int Engine::visibleMemberId(Dispatch* d, const MemberExpr* e, Procedure** method)
 {
     // Code inside a class reaches the private members of its own instance.
     const bool own = m_frame->me && d == m_frame->me;
     const void* table = d->memberTable();
     MemberExpr::MemberCache& cache = e->cache;
-    if (table && cache.table == table && cache.own == own && cache.generation == m_generation)
+    if (table && cache.table == table && cache.own == own && cache.generation == m_generation) {
+        if (method)
+            *method = cache.method;
         return cache.id;
+    }
+    return lookUpMember(d, e, method, own, table);
+}
+
+// visibleMemberId when the member's id is not remembered yet: looked up by name and remembered.
+int Engine::lookUpMember(Dispatch* d, const MemberExpr* e, Procedure** method, bool own,
+    const void* table)
+{
+    MemberExpr::MemberCache& cache = e->cache;
+    if (method)
+        *method = nullptr;
     const int id = own ? m_frame->me->anyMemberId(e->name) : d->memberId(e->name);
     if (id < 0)
         raiseNamed(ErrorCode::NoSuchMember, e->name);
-    if (table)
-        cache = {table, m_generation, id, own};
+    if (table) {
+        Procedure* scriptMethod = nullptr;
+        const auto* instance = dynamic_cast<const ClassInstance*>(d);
+        if (instance && instance->ownedBy(*this)) {
+            const ClassDef::Member& m = instance->classDef()->members[size_t(id)];
+            if (m.field < 0)
+                scriptMethod = m.method;
+        }
+        cache = {table, m_generation, id, own, scriptMethod};
+        if (method)
+            *method = scriptMethod;
+    }
     return id;
 }
 

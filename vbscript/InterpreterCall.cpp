@@ -148,6 +148,8 @@ Value Engine::evalCall(const CallExpr* c, bool statement)
 Value Engine::callOther(const CallExpr* c, bool statement)
 {
     const Expr* t = c->target.get();
+    if (t->kind == ExprKind::Member && c->directArgs)
+        return callMemberDirect(c, statement);
     ArgList args;
     switch (t->kind) {
     case ExprKind::Implicit: {

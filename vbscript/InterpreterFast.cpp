@@ -146,10 +146,10 @@ Value evalGeneral(Engine& engine, const Expr* e)
 }
 
 struct Engine::Fast {
-    // Operand shapes read in place: a local, a ByRef parameter, a literal. Any other operand is
-    // evaluated into a temporary (AnyOperand).
+    // Operand shapes read in place: a local, a ByRef parameter, a field of Me, a literal. Any
+    // other operand is evaluated into a temporary (AnyOperand).
     struct LocalOperand {
-        static const Value& get(Engine& en, const Expr* e)
+        static Value& get(Engine& en, const Expr* e)
         {
             return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot];
         }
@@ -160,6 +160,12 @@ struct Engine::Fast {
             return *en.m_frame->refs[static_cast<const NameExpr*>(e)->slot];
         }
     };
+    struct FieldOperand {
+        static Value& get(Engine& en, const Expr* e)
+        {
+            return en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
+        }
+    };
     struct LiteralOperand {
         static const Value& get(Engine&, const Expr* e)
         {
@@ -167,6 +173,29 @@ struct Engine::Fast {
         }
     };
     struct AnyOperand {};
+    // An operand whose evaluation runs no script procedure that could change a local (numbers,
+    // variables and operators, see callFree()): with a local on the left, it is evaluated first
+    // and the local then read in place.
+    struct CallFreeOperand {};
+    static bool callFree(const Expr* e)
+    {
+        switch (e->kind) {
+        case ExprKind::Literal: case ExprKind::Local: case ExprKind::RefParam:
+            return true;
+        case ExprKind::Neg: case ExprKind::Not:
+            return callFree(static_cast<const UnaryExpr*>(e)->operand.get());
+        case ExprKind::Add: case ExprKind::Sub: case ExprKind::Mul: case ExprKind::Div:
+        case ExprKind::IntDiv: case ExprKind::Mod: case ExprKind::Pow: case ExprKind::Concat:
+        case ExprKind::Eq: case ExprKind::Ne: case ExprKind::Lt: case ExprKind::Gt: case ExprKind::Le:
+        case ExprKind::Ge: case ExprKind::And: case ExprKind::Or: case ExprKind::Xor:
+        case ExprKind::Eqv: case ExprKind::Imp: {
+            const auto* b = static_cast<const BinaryExpr*>(e);
+            return callFree(b->left.get()) && callFree(b->right.get());
+        }
+        default:
+            return false;
+        }
+    }
 
     static Value literal(Engine&, const Expr* e) { return static_cast<const LiteralExpr*>(e)->value; }
     static Value local(Engine& en, const Expr* e) { return en.m_frame->vars[static_cast<const NameExpr*>(e)->slot]; }
@@ -176,14 +205,34 @@ struct Engine::Fast {
         return en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(e)->slot)];
     }
 
+    template <class L>
+    [[gnu::always_inline]] static Value leftCopy(Engine& en, const Expr* e)
+    {
+        if constexpr (std::is_same_v<L, AnyOperand>)
+            return en.eval(e);
+        else
+            return L::get(en, e);
+    }
+
     // l op r. A right side that is not read in place could change a variable the left side
     // reads, so the left side is then copied first.
     template <ExprKind K, class L, class R>
     static Value binary(Engine& en, const Expr* e)
     {
+        return binaryInline<K, L, R>(en, e);
+    }
+    // binary() for the executors that store its result.
+    template <ExprKind K, class L, class R>
+    [[gnu::always_inline]] static Value binaryInline(Engine& en, const Expr* e)
+    {
         const auto* b = static_cast<const BinaryExpr*>(e);
-        if constexpr (std::is_same_v<R, AnyOperand>) {
-            const Value l = en.eval(b->left.get());
+        if constexpr (std::is_same_v<R, CallFreeOperand>) {
+            const Value r = en.eval(b->right.get());
+            const Value& l = L::get(en, b->left.get());
+            en.m_frame->node = e;
+            return applyBinary<K>(b, l, r);
+        } else if constexpr (std::is_same_v<R, AnyOperand>) {
+            const Value l = leftCopy<L>(en, b->left.get());
             const Value r = en.eval(b->right.get());
             en.m_frame->node = e;
             return applyBinary<K>(b, l, r);
@@ -201,35 +250,38 @@ struct Engine::Fast {
     }
 
     // Statements.
-    // x = value for a local or global variable: the value replaces what the variable holds
-    // unless one of them is an object (a default property may take the value).
+    // x = value for a local or field (T) or a global variable: the value replaces what the
+    // variable holds unless one of them is an object (a default property may take the value).
+    template <class T>
     static Flow assignLocal(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        Value v = en.eval(a->value.get());
-        if (!v.isObject()) {
-            Value& var = en.m_frame->vars[static_cast<const NameExpr*>(a->target.get())->slot];
-            if (!var.isObject()) {
-                var = std::move(v);
-                return Flow::Normal;
-            }
-        }
-        en.assignTo(a->target.get(), std::move(v), false);
+        store<T>(en, a, en.eval(a->value.get()));
         return Flow::Normal;
     }
-    static Flow assignField(Engine& en, const Stmt* s)
+    // x = l op r for a local or field x, the operation evaluated inline.
+    template <class T, ExprKind K, class L, class R>
+    static Flow assignBinary(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        Value v = en.eval(a->value.get());
+        store<T>(en, a, binaryInline<K, L, R>(en, a->value.get()));
+        return Flow::Normal;
+    }
+    template <class T>
+    [[gnu::always_inline]] static void store(Engine& en, const AssignStmt* a, Value&& v)
+    {
         if (!v.isObject()) {
-            Value& var = en.m_frame->me->fields[size_t(static_cast<const NameExpr*>(a->target.get())->slot)];
+            Value& var = T::get(en, a->target.get());
+            if (!var.isRefCounted()) {
+                ValueAccess::overwritePlain(var, std::move(v)); // a number: nothing to release
+                return;
+            }
             if (!var.isObject()) {
                 var = std::move(v);
-                return Flow::Normal;
+                return;
             }
         }
         en.assignTo(a->target.get(), std::move(v), false);
-        return Flow::Normal;
     }
     static Flow assignGlobal(Engine& en, const Stmt* s)
     {
@@ -245,15 +297,69 @@ struct Engine::Fast {
         en.assignTo(a->target.get(), std::move(v), false);
         return Flow::Normal;
     }
+    [[gnu::noinline]] static void storeItem(Value& item, const Value& v) { item = v; }
+    // a(i) = literal for a local a, i a local or a literal, and a literal that holds nothing:
+    // assignItem's first case with the shapes known.
+    static Flow assignLocalItemLiteral(Engine& en, const Stmt* s)
+    {
+        const auto* a = static_cast<const AssignStmt*>(s);
+        const auto* c = static_cast<const CallExpr*>(a->target.get());
+        Frame* const frame = en.m_frame;
+        Value& var = frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+        if (!var.isArray() || var.array()->counts.size() != 1) {
+            en.execAssign(a);
+            return Flow::Normal;
+        }
+        const Expr* ie = c->args[0].get();
+        const Value& iv = ie->kind == ExprKind::Local
+            ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
+            : static_cast<const LiteralExpr*>(ie)->value;
+        if (!isInt(iv.type())) {
+            en.assignVectorItem(c, a->value.get()); // writeItem out of line
+            return Flow::Normal;
+        }
+        const int64_t i = rawInt(iv);
+        if (i < 0 || i >= var.array()->counts[0])
+            raise(ErrorCode::SubscriptOutOfRange);
+        ArrayRep* rep = ValueAccess::unshareArray(var);
+        const Value& v = static_cast<const LiteralExpr*>(a->value.get())->value;
+        if (rep->plain)
+            ValueAccess::copyPlain(rep->items[size_t(i)], v);
+        else
+            storeItem(rep->items[size_t(i)], v);
+        return Flow::Normal;
+    }
     // a(i) = value: an item of a one-dimensional array in a plain variable, else the general way.
     static Flow assignItem(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
         const auto* c = static_cast<const CallExpr*>(a->target.get());
-        if (en.plainVector(c->target.get()))
-            en.writeItem(c, a->value.get());
-        else
+        Value* var = en.plainVector(c->target.get());
+        if (!var) {
             en.execAssign(a);
+            return Flow::Normal;
+        }
+        const Expr* ie = c->args[0].get();
+        const Expr* ve = a->value.get();
+        if (ve->kind == ExprKind::Literal
+            && (ie->kind == ExprKind::Local || ie->kind == ExprKind::Literal)) {
+            // An Integer or Long subscript read in place and a literal that holds nothing: no
+            // code runs before the store, so var is still the array to write.
+            const Value& v = static_cast<const LiteralExpr*>(ve)->value;
+            const Value& iv = *en.leafValue(ie);
+            if (!v.isRefCounted() && isInt(iv.type())) {
+                const int64_t i = rawInt(iv);
+                if (i < 0 || i >= var->array()->counts[0])
+                    raise(ErrorCode::SubscriptOutOfRange);
+                ArrayRep* rep = ValueAccess::unshareArray(*var);
+                if (rep->plain)
+                    ValueAccess::copyPlain(rep->items[size_t(i)], v);
+                else
+                    storeItem(rep->items[size_t(i)], v);
+                return Flow::Normal;
+            }
+        }
+        en.writeItem(c, ve);
         return Flow::Normal;
     }
     // a(i) as a value, and the general way for anything else written so.
@@ -278,6 +384,7 @@ struct Engine::Fast {
         return Flow::Normal;
     }
     static Flow ifStatement(Engine& en, const Stmt* s) { return en.execIf(static_cast<const IfStmt*>(s)); }
+    static Flow ifThen(Engine& en, const Stmt* s) { return en.execIfThen(static_cast<const IfStmt*>(s)); }
     static Flow forStatement(Engine& en, const Stmt* s) { return en.execFor(static_cast<const ForStmt*>(s)); }
     static Flow doStatement(Engine& en, const Stmt* s) { return en.execDo(static_cast<const DoStmt*>(s)); }
 
@@ -287,41 +394,89 @@ struct Engine::Fast {
         if (t == ExprKind::Call && !a.isSet && !a.isMid) {
             const auto& c = static_cast<const CallExpr&>(*a.target);
             const ExprKind v = c.target->kind;
-            if (c.args.size() == 1 && c.args[0] && (v == ExprKind::Local || v == ExprKind::Global))
+            if (c.args.size() == 1 && c.args[0] && (v == ExprKind::Local || v == ExprKind::Global)) {
+                const ExprKind i = c.args[0]->kind;
+                const Expr& value = *a.value;
+                if (v == ExprKind::Local && (i == ExprKind::Local || i == ExprKind::Literal)
+                    && value.kind == ExprKind::Literal
+                    && !static_cast<const LiteralExpr&>(value).value.isRefCounted())
+                    return &assignLocalItemLiteral;
                 return &assignItem;
+            }
         }
         if (a.isMid || (t == ExprKind::Call && !a.isSet))
             return &execGeneral;
         if (a.appendsToTarget && a.appendPieces.size() <= 4)
             return &appendAssign;
         if (!a.isSet && t == ExprKind::Local)
-            return &assignLocal;
+            return assignmentTo<LocalOperand>(a);
         if (!a.isSet && t == ExprKind::Global)
             return &assignGlobal;
         if (!a.isSet && t == ExprKind::Field)
-            return &assignField;
+            return assignmentTo<FieldOperand>(a);
         return &execGeneral;
     }
 
-    template <ExprKind K, class L>
-    static EvalFn binaryFor(const Expr* right)
+    // The evaluator (EvalFn) or the executor of "local = l op r" (ExecFn) for the operand shapes.
+    template <class Fn>
+    using FnType = std::conditional_t<std::is_same_v<Fn, EvalFn>, EvalFn, ExecFn>;
+    template <class Fn, ExprKind K, class L, class R>
+    static FnType<Fn> pick()
+    {
+        if constexpr (std::is_same_v<Fn, EvalFn>)
+            return &binary<K, L, R>;
+        else
+            return &assignBinary<typename Fn::Target, K, L, R>;
+    }
+    // Fn for the executor of "x = l op r" with x a T.
+    template <class T>
+    struct AssignTo {
+        using Target = T;
+    };
+
+    template <class Fn, ExprKind K, class L>
+    static FnType<Fn> binaryFor(const Expr* right)
     {
         switch (right->kind) {
-        case ExprKind::Local: return &binary<K, L, LocalOperand>;
-        case ExprKind::RefParam: return &binary<K, L, RefOperand>;
-        case ExprKind::Literal: return &binary<K, L, LiteralOperand>;
-        default: return &binary<K, AnyOperand, AnyOperand>;
+        case ExprKind::Local: return pick<Fn, K, L, LocalOperand>();
+        case ExprKind::RefParam: return pick<Fn, K, L, RefOperand>();
+        case ExprKind::Literal: return pick<Fn, K, L, LiteralOperand>();
+        case ExprKind::Field: return pick<Fn, K, L, FieldOperand>();
+        default:
+            if constexpr (std::is_same_v<L, LocalOperand>)
+                if (callFree(right))
+                    return pick<Fn, K, L, CallFreeOperand>();
+            return pick<Fn, K, L, AnyOperand>();
         }
     }
 
-    template <ExprKind K>
-    static EvalFn binaryFor(const BinaryExpr& b)
+    template <ExprKind K, class Fn = EvalFn>
+    static FnType<Fn> binaryFor(const BinaryExpr& b)
     {
         switch (b.left->kind) {
-        case ExprKind::Local: return binaryFor<K, LocalOperand>(b.right.get());
-        case ExprKind::RefParam: return binaryFor<K, RefOperand>(b.right.get());
-        case ExprKind::Literal: return binaryFor<K, LiteralOperand>(b.right.get());
-        default: return binaryFor<K, AnyOperand>(b.right.get());
+        case ExprKind::Local: return binaryFor<Fn, K, LocalOperand>(b.right.get());
+        case ExprKind::RefParam: return binaryFor<Fn, K, RefOperand>(b.right.get());
+        case ExprKind::Literal: return binaryFor<Fn, K, LiteralOperand>(b.right.get());
+        case ExprKind::Field: return binaryFor<Fn, K, FieldOperand>(b.right.get());
+        default: return binaryFor<Fn, K, AnyOperand>(b.right.get());
+        }
+    }
+
+    // "x = value" for a local or field x (T), with the arithmetic operators evaluated inline.
+    template <class T>
+    static ExecFn assignmentTo(const AssignStmt& a)
+    {
+        const Expr& v = *a.value;
+        const auto& b = static_cast<const BinaryExpr&>(v);
+        using Fn = AssignTo<T>;
+        switch (v.kind) {
+        case ExprKind::Add: return binaryFor<ExprKind::Add, Fn>(b);
+        case ExprKind::Sub: return binaryFor<ExprKind::Sub, Fn>(b);
+        case ExprKind::Mul: return binaryFor<ExprKind::Mul, Fn>(b);
+        case ExprKind::Div: return binaryFor<ExprKind::Div, Fn>(b);
+        case ExprKind::IntDiv: return binaryFor<ExprKind::IntDiv, Fn>(b);
+        case ExprKind::Mod: return binaryFor<ExprKind::Mod, Fn>(b);
+        default: return &assignLocal<T>;
         }
     }
 };
@@ -383,6 +538,96 @@ Value Engine::vectorItem(const CallExpr* c)
     return readItem(c);
 }
 
+const Value* Engine::peek(const Expr* e)
+{
+    switch (e->kind) {
+    case ExprKind::Local: return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::RefParam: return m_frame->refs[static_cast<const NameExpr*>(e)->slot];
+    case ExprKind::Literal: return &static_cast<const LiteralExpr*>(e)->value;
+    case ExprKind::Call: break;
+    default: return nullptr;
+    }
+    // a(i) for a local a, as callVariable reads it, when nothing has to run to find the item.
+    if (e->evaluate != &Fast::callVariable)
+        return nullptr;
+    const auto* c = static_cast<const CallExpr*>(e);
+    const Expr* ie = c->args[0].get();
+    const Value* iv;
+    if (ie->kind == ExprKind::Local)
+        iv = &m_frame->vars[static_cast<const NameExpr*>(ie)->slot];
+    else if (ie->kind == ExprKind::Literal)
+        iv = &static_cast<const LiteralExpr*>(ie)->value;
+    else
+        return nullptr;
+    if (!isInt(iv->type()))
+        return nullptr;
+    const Value& var = m_frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+    if (!var.isArray())
+        return nullptr;
+    const ArrayRep* rep = var.array();
+    if (rep->counts.size() != 1)
+        return nullptr;
+    const int64_t i = rawInt(*iv);
+    if (i < 0 || i >= rep->counts[0])
+        raise(ErrorCode::SubscriptOutOfRange);
+    return &rep->items[size_t(i)];
+}
+
+namespace {
+
+[[gnu::always_inline]] inline bool truth(const Value& v)
+{
+    if (v.type() == VarType::Boolean)
+        return v.rawBool();
+    if (v.isNull())
+        return false;
+    return v.toBoolean();
+}
+
+} // namespace
+
+// Conditions read their operands in place where peek() can: a variable or a(i), Not of one
+// (a Boolean inverted, anything else through Not), and comparisons of two Integer or Long
+// values. Everything else is evaluated.
+bool Engine::evalCondition(const Expr* e)
+{
+    switch (e->kind) {
+    case ExprKind::Not:
+        if (const Value* v = peek(static_cast<const UnaryExpr*>(e)->operand.get())) {
+            if (v->type() == VarType::Boolean)
+                return !v->rawBool();
+            m_frame->node = e;
+            return truth(ops::logicNot(*v));
+        }
+        break;
+    case ExprKind::Eq: case ExprKind::Ne: case ExprKind::Lt: case ExprKind::Gt: case ExprKind::Le:
+    case ExprKind::Ge: {
+        const auto* b = static_cast<const BinaryExpr*>(e);
+        const Value* l = peek(b->left.get());
+        if (!l || !isInt(l->type()))
+            break;
+        const Value* r = peek(b->right.get());
+        if (!r || !isInt(r->type()))
+            break;
+        const int64_t x = rawInt(*l), y = rawInt(*r);
+        m_frame->node = e;
+        switch (e->kind) {
+        case ExprKind::Eq: return x == y;
+        case ExprKind::Ne: return x != y;
+        case ExprKind::Lt: return x < y;
+        case ExprKind::Gt: return x > y;
+        case ExprKind::Le: return x <= y;
+        default: return x >= y;
+        }
+    }
+    default:
+        if (const Value* v = peek(e))
+            return truth(*v);
+        break;
+    }
+    return truth(eval(e));
+}
+
 void Engine::assignVectorItem(const CallExpr* c, const Expr* valueExpr)
 {
     writeItem(c, valueExpr);
@@ -436,7 +681,10 @@ ExecFn Engine::executorFor(const Stmt& s)
     switch (s.kind) {
     case StmtKind::Call: return &execCall;
     case StmtKind::Assign: return Fast::assignmentFor(static_cast<const AssignStmt&>(s));
-    case StmtKind::If: return &Fast::ifStatement;
+    case StmtKind::If: {
+        const auto& i = static_cast<const IfStmt&>(s);
+        return i.arms.size() == 1 && i.elseBody.empty() ? &Fast::ifThen : &Fast::ifStatement;
+    }
     case StmtKind::For: return &Fast::forStatement;
     case StmtKind::Do: return &Fast::doStatement;
     default: return &execGeneral;

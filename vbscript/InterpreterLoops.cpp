@@ -3,6 +3,8 @@
 
 #include "Operators.h"
 
+#include <type_traits>
+
 namespace vbs {
 
 // Runs part of a block statement's head (a condition, a bound, a collection, the With object).
@@ -30,6 +32,19 @@ Engine::Cond Engine::headCondition(const Expr* e)
     if (!runHead([&] { c = evalCondition(e); }))
         return Cond::Failed;
     return c ? Cond::True : Cond::False;
+}
+
+// If ... Then ... End If without ElseIf or Else: a false condition costs no more than testing it.
+Flow Engine::execIfThen(const IfStmt* s)
+{
+    const IfStmt::Arm& arm = s->arms.front();
+    if (!m_frame->resumeNext) {
+        if (!evalCondition(arm.condition.get()))
+            return Flow::Normal;
+    } else if (headCondition(arm.condition.get()) == Cond::False) {
+        return Flow::Normal;
+    }
+    return execBlock(arm.body);
 }
 
 Flow Engine::execIf(const IfStmt* s)
@@ -102,26 +117,41 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
     if (!fixedVar)
         var = variableRef(s->var.get(), RefMode::Write);
     *var = counter(i);
-    while (inc >= 0 ? i <= end : i >= end) {
-        tick();
-        const Flow f = runBlock(s->body);
-        if (f == Flow::ExitFor)
-            break;
-        if (f != Flow::Normal)
-            return f;
-        if (!fixedVar)
-            var = variableRef(s->var.get(), RefMode::Write);
-        const VarType vt = var->type();
-        const bool plain = vt == VarType::Integer || vt == VarType::Long;
-        i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
-        if (i > INT32_MAX || i < INT32_MIN)
-            raise(ErrorCode::Overflow);
-        if (plain)
-            ValueAccess::overwritePlain(*var, counter(i)); // an Integer or Long holds nothing to release
-        else
-            *var = counter(i);
-    }
-    return Flow::Normal;
+    // One loop per direction: the end test and the overflow test then have one side each (the
+    // counter read back is a Long at most, so adding inc can only leave the range on its side).
+    // A Long counter and a counter in a fixed place have loops of their own too.
+    auto turns = [&](auto up, auto longs, auto fixed) {
+        constexpr bool kUp = decltype(up)::value, kLong = decltype(longs)::value;
+        constexpr bool kFixed = decltype(fixed)::value;
+        auto next = [&](int64_t v) { return kLong ? Value(int32_t(v)) : counter(v); };
+        while (kUp ? i <= end : i >= end) {
+            tick();
+            const Flow f = runBlock(s->body);
+            if (f == Flow::ExitFor)
+                break;
+            if (f != Flow::Normal)
+                return f;
+            if (!kFixed)
+                var = variableRef(s->var.get(), RefMode::Write);
+            const VarType vt = var->type();
+            const bool plain = vt == VarType::Integer || vt == VarType::Long;
+            i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
+            if (kUp ? i > INT32_MAX : i < INT32_MIN)
+                raise(ErrorCode::Overflow);
+            if (plain)
+                ValueAccess::overwritePlain(*var, next(i)); // an Integer or Long holds nothing to release
+            else
+                *var = next(i);
+        }
+        return Flow::Normal;
+    };
+    using Yes = std::true_type;
+    using No = std::false_type;
+    if (!fixedVar)
+        return inc >= 0 ? turns(Yes{}, No{}, No{}) : turns(No{}, No{}, No{});
+    if (useLong)
+        return inc >= 0 ? turns(Yes{}, Yes{}, Yes{}) : turns(No{}, Yes{}, Yes{});
+    return inc >= 0 ? turns(Yes{}, No{}, Yes{}) : turns(No{}, No{}, Yes{});
 }
 
 Flow Engine::execForEach(const ForEachStmt* s)

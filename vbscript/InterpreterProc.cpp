@@ -1,6 +1,8 @@
 // Interpreter: calls of script procedures and their frames.
 #include "Engine.h"
 
+#include "ClassInstance.h"
+
 namespace vbs {
 
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
@@ -11,7 +13,7 @@ namespace vbs {
 {
     checkStack();
     tick();
-    const size_t n = size_t(proc->localCount), np = proc->params.size();
+    const size_t n = size_t(proc->localCount), np = proc->paramCount;
     if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
         raise(ErrorCode::OutOfStackSpace);
     Frame frame;
@@ -61,7 +63,7 @@ namespace vbs {
 
 Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*> args)
 {
-    if (args.size() != proc->params.size())
+    if (args.size() != proc->paramCount)
         raiseNamed(ErrorCode::WrongArgumentCount, proc->name);
     if (m_entryDepth == 0) {
         // Called from outside (a host holding a script object, a terminating object).
@@ -71,16 +73,44 @@ Value Engine::callProcedure(Procedure* proc, ClassInstance* me, std::span<Value*
     return runProcedure(proc, me, args.data());
 }
 
-namespace {
-
-// The temporaries of a direct call: raw storage, constructed only for the arguments that are
-// not variables, destroyed in order after the call (as evalArgs' are).
-struct DirectArgs {
+// The arguments of a call that CallExpr::directArgs allows, bound as evalArgs binds them:
+// variables by reference, anything else evaluated into a temporary. The temporaries live in raw
+// storage, constructed only for the arguments that need one and destroyed in order after the
+// call (as evalArgs' are).
+struct Engine::DirectArgs {
     alignas(Value) unsigned char raw[CallExpr::kMaxDirectArgs * sizeof(Value)];
     Value* ptrs[CallExpr::kMaxDirectArgs];
     uint32_t built = 0;
 
-    DirectArgs() = default;
+    [[gnu::always_inline]] DirectArgs(Engine& en, const CallExpr* c)
+    {
+        const size_t n = c->args.size();
+        const ExprPtr* argv = c->args.data();
+        Frame* const frame = en.m_frame;
+        if (c->variableArgs) {
+            for (size_t i = 0; i < n; ++i) {
+                const auto* a = static_cast<const NameExpr*>(argv[i].get());
+                ptrs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
+            }
+        } else {
+            for (size_t i = 0; i < n; ++i) {
+                const Expr* a = argv[i].get();
+                Value* p = nullptr;
+                if (!a->parenthesized) {
+                    switch (a->kind) {
+                    case ExprKind::Local: p = &frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
+                    case ExprKind::RefParam: p = frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
+                    case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
+                        p = en.variableRef(a, RefMode::Arg);
+                        break;
+                    default: break;
+                    }
+                }
+                ptrs[i] = p ? p : temp(i, en.eval(a));
+            }
+        }
+        en.m_frame->node = c;
+    }
     DirectArgs(const DirectArgs&) = delete;
     DirectArgs& operator=(const DirectArgs&) = delete;
     ~DirectArgs()
@@ -97,33 +127,36 @@ struct DirectArgs {
     }
 };
 
-} // namespace
-
 // proc(args) for a call whose arguments CallExpr::directArgs allows and whose count matches:
 // what evalArgs and callProcedure do, without their general cases. The caller runs script code,
 // so the engine has been entered.
 [[gnu::always_inline]] inline Value Engine::callDirect(Procedure* proc, const CallExpr* c)
 {
-    DirectArgs args;
-    const size_t np = c->args.size();
-    const ExprPtr* argv = c->args.data();
-    for (size_t i = 0; i < np; ++i) {
-        const Expr* a = argv[i].get();
-        Value* p = nullptr;
-        if (!a->parenthesized) {
-            switch (a->kind) {
-            case ExprKind::Local: p = &m_frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
-            case ExprKind::RefParam: p = m_frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
-            case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
-                p = variableRef(a, RefMode::Arg);
-                break;
-            default: break;
-            }
-        }
-        args.ptrs[i] = p ? p : args.temp(i, eval(a));
-    }
-    m_frame->node = c;
+    const DirectArgs args(*this, c);
     return runProcedure(proc, nullptr, args.ptrs);
+}
+
+// obj.name(args) for a call whose arguments CallExpr::directArgs allows: what evalArgs and
+// evalMember do, and a method of a script class instance of this engine with as many
+// parameters as there are arguments runs without going through invoke.
+Value Engine::callMemberDirect(const CallExpr* c, bool statement)
+{
+    const auto* m = static_cast<const MemberExpr*>(c->target.get());
+    DirectArgs args(*this, c);
+    const Value obj = eval(m->object.get());
+    m_frame->node = m;
+    Dispatch* d = obj.isObject() && obj.object() ? obj.object()->asDispatch() : nullptr;
+    if (!d)
+        d = memberObject(obj, m); // raises what is wrong
+    Procedure* method;
+    const int id = visibleMemberId(d, m, &method);
+    const size_t n = c->args.size();
+    if (method && method->paramCount == n) {
+        // The value obj keeps the instance alive while the method runs.
+        return runProcedure(method, static_cast<ClassInstance*>(d), args.ptrs);
+    }
+    return d->invoke(id, statement ? InvokeKind::Method : InvokeKind::PropertyGet,
+        std::span<Value*>(args.ptrs, n));
 }
 
 // name(args) and the statement name args, for a global name: a procedure or built-in is
@@ -133,31 +166,44 @@ Value Engine::evalGlobalCall(Engine& en, const Expr* e)
 {
     const auto* c = static_cast<const CallExpr*>(e);
     GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-    if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size())
+    if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount)
         return en.callDirect(g.proc, c);
     if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin)
         return en.callGlobal(g, c, false);
     return en.evalCall(c, false);
 }
 
+// The statement name args for a global name, and any other call statement but a member's.
+void Engine::execNameCall(const CallExpr* c)
+{
+    if (c->target->kind == ExprKind::Global) {
+        GlobalSlot& g = global(static_cast<const NameExpr*>(c->target.get())->slot);
+        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->paramCount) {
+            callDirect(g.proc, c);
+            return;
+        }
+        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
+            callGlobal(g, c, true);
+            return;
+        }
+    }
+    evalCall(c, true);
+}
+
+// Member calls apart from the others, so that they do not pay for the frame of an inlined
+// direct call.
 Flow Engine::execCall(Engine& en, const Stmt* s)
 {
     const auto* c = static_cast<const CallExpr*>(static_cast<const CallStmt*>(s)->call.get());
-    if (c->target->kind == ExprKind::Global) {
-        GlobalSlot& g = en.global(static_cast<const NameExpr*>(c->target.get())->slot);
-        if (g.kind == GlobalSlot::Kind::Procedure && c->directArgs && c->args.size() == g.proc->params.size()) {
-            en.callDirect(g.proc, c);
-            return Flow::Normal;
-        }
-        if (g.kind == GlobalSlot::Kind::Procedure || g.kind == GlobalSlot::Kind::Builtin) {
-            en.callGlobal(g, c, true);
-            return Flow::Normal;
-        }
-    } else if (c->target->kind == ExprKind::Member) {
-        en.callOther(c, true); // evalCall's array-item test never holds for a member
+    if (c->target->kind == ExprKind::Member) {
+        // evalCall's array-item test never holds for a member.
+        if (c->directArgs)
+            en.callMemberDirect(c, true);
+        else
+            en.callOther(c, true);
         return Flow::Normal;
     }
-    en.evalCall(c, true);
+    en.execNameCall(c);
     return Flow::Normal;
 }
 

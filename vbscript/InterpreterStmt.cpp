@@ -132,32 +132,79 @@ void Engine::execMidAssign(const AssignStmt* s)
     *var = Value(std::move(text));
 }
 
+namespace {
+
+// CStr of an Integer or Long, written at the end of buf.
+std::u16string_view integerText(int32_t v, char16_t (&buf)[12])
+{
+    uint32_t u = v < 0 ? 0u - uint32_t(v) : uint32_t(v);
+    char16_t* const end = buf + 12;
+    char16_t* b = end;
+    do {
+        *--b = char16_t(u'0' + u % 10);
+        u /= 10;
+    } while (u);
+    if (v < 0)
+        *--b = u'-';
+    return {b, size_t(end - b)};
+}
+
+} // namespace
+
 // "s = s & x & y" appends in place when the variable holds the only reference. The pieces are
-// evaluated first, since they may read the variable too.
+// evaluated first, since they may read the variable too; literals are read where they are.
 void Engine::appendToTarget(const AssignStmt* s)
 {
     const Expr* t = s->target.get();
-    Value pieces[4];
+    // Temporaries only for the pieces that are not literals, destroyed in order.
+    struct Temps {
+        alignas(Value) unsigned char raw[4 * sizeof(Value)];
+        uint32_t built = 0;
+        Value* make(size_t i, Value v)
+        {
+            Value* slot = new (reinterpret_cast<Value*>(raw) + i) Value(std::move(v));
+            built |= 1u << i;
+            return slot;
+        }
+        ~Temps()
+        {
+            for (size_t i = 0; built; ++i, built >>= 1)
+                if (built & 1)
+                    reinterpret_cast<Value*>(raw)[i].~Value();
+        }
+    } temps;
+    const Value* pieces[4];
     const size_t n = s->appendPieces.size();
-    for (size_t i = 0; i < n; ++i)
-        pieces[i] = eval(s->appendPieces[i]);
-    Value* p = variableRef(s->target.get(), RefMode::Write);
-    if (letsThroughDefault(*p)) {
+    for (size_t i = 0; i < n; ++i) {
+        const Expr* pe = s->appendPieces[i];
+        if (pe->kind == ExprKind::Literal)
+            pieces[i] = &static_cast<const LiteralExpr*>(pe)->value;
+        else
+            pieces[i] = temps.make(i, eval(pe));
+    }
+    Value* p = t->kind == ExprKind::Local ? &m_frame->vars[static_cast<const NameExpr*>(t)->slot]
+                                          : variableRef(t, RefMode::Write);
+    if (p->isObject() && letsThroughDefault(*p)) {
         // A host object keeps its place: the text goes to its default property.
         Value text = p->defaultValue();
         for (size_t i = 0; i < n; ++i)
-            text = ops::concat(text, pieces[i]);
+            text = ops::concat(text, *pieces[i]);
         assignTo(t, std::move(text), false);
         return;
     }
     for (size_t i = 0; i < n; ++i) {
-        const Value& rhs = pieces[i];
-        if (!p->isString())
+        const Value& rhs = *pieces[i];
+        if (!p->isString()) {
             *p = ops::concat(*p, rhs);
-        else if (rhs.isString())
+        } else if (rhs.isString()) {
             ValueAccess::appendString(*p, rhs.str());
-        else if (!rhs.isNull())
+        } else if (rhs.type() == VarType::Integer || rhs.type() == VarType::Long) {
+            char16_t buf[12];
+            const int32_t number = rhs.type() == VarType::Integer ? rhs.rawInteger() : rhs.rawLong();
+            ValueAccess::appendString(*p, integerText(number, buf));
+        } else if (!rhs.isNull()) {
             ValueAccess::appendString(*p, rhs.toString());
+        }
     }
 }
 

@@ -129,6 +129,7 @@ private:
     {
         m_proc = p;
         m_localConsts.clear();
+        p->paramCount = p->params.size();
         if (p->kind != ProcKind::TopLevel) {
             for (const auto& param : p->params) {
                 addLocal(p, param.name);
@@ -252,12 +253,17 @@ private:
             auto* c = static_cast<CallExpr*>(e);
             resolveExpr(c->target.get(), asCall || c->parens || !c->args.empty());
             c->directArgs = c->args.size() <= CallExpr::kMaxDirectArgs;
+            c->variableArgs = true;
             for (auto& a : c->args) {
                 if (a)
                     resolveExpr(a.get());
                 if (!a || (a->kind == ExprKind::Call && !a->parenthesized))
                     c->directArgs = false;
+                if (!a || a->parenthesized
+                    || (a->kind != ExprKind::Local && a->kind != ExprKind::RefParam))
+                    c->variableArgs = false;
             }
+            c->variableArgs = c->variableArgs && c->directArgs;
             return;
         }
         case ExprKind::Member:

@@ -254,6 +254,12 @@ public:
         item.m_u = v.m_u;
         v.m_type = VarType::Empty;
     }
+    // The same with a copy of a value that holds no reference either (nothing to retain).
+    static void copyPlain(Value& item, const Value& v) noexcept
+    {
+        item.m_type = v.m_type;
+        item.m_u = v.m_u;
+    }
 };
 
 // Banker's rounding as CInt/CLng do it.
