@@ -93,27 +93,39 @@ struct Engine::DirectArgs {
                 ptrs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
             }
         } else {
-            for (size_t i = 0; i < n; ++i) {
-                const Expr* a = argv[i].get();
-                Value* p = nullptr;
-                if (!a->parenthesized) {
-                    switch (a->kind) {
-                    case ExprKind::Local: p = &frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
-                    case ExprKind::RefParam: p = frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
-                    case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
-                        p = en.variableRef(a, RefMode::Arg);
-                        break;
-                    default: break;
-                    }
-                }
-                ptrs[i] = p ? p : temp(i, en.eval(a));
+            // An argument that raises leaves no constructed object behind to run the destructor:
+            // the temporaries built before it are released here.
+            try {
+                bindValues(en, argv, n, frame);
+            } catch (...) {
+                release();
+                throw;
             }
         }
         en.m_frame->node = c;
     }
+    [[gnu::always_inline]] void bindValues(Engine& en, const ExprPtr* argv, size_t n, Frame* frame)
+    {
+        for (size_t i = 0; i < n; ++i) {
+            const Expr* a = argv[i].get();
+            Value* p = nullptr;
+            if (!a->parenthesized) {
+                switch (a->kind) {
+                case ExprKind::Local: p = &frame->vars[static_cast<const NameExpr*>(a)->slot]; break;
+                case ExprKind::RefParam: p = frame->refs[static_cast<const NameExpr*>(a)->slot]; break;
+                case ExprKind::Field: case ExprKind::Global: case ExprKind::Implicit:
+                    p = en.variableRef(a, RefMode::Arg);
+                    break;
+                default: break;
+                }
+            }
+            ptrs[i] = p ? p : temp(i, en.eval(a));
+        }
+    }
     DirectArgs(const DirectArgs&) = delete;
     DirectArgs& operator=(const DirectArgs&) = delete;
-    ~DirectArgs()
+    ~DirectArgs() { release(); }
+    void release()
     {
         for (size_t i = 0; built; ++i, built >>= 1)
             if (built & 1)
