@@ -114,8 +114,6 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
     auto counter = [&](int64_t v) {
         return !useLong && v >= -32768 && v <= 32767 ? Value(int16_t(v)) : Value(int32_t(v));
     };
-    if (!fixedVar)
-        var = variableRef(s->var.get(), RefMode::Write);
     *var = counter(i);
     // One loop per direction: the end test and the overflow test then have one side each (the
     // counter read back is a Long at most, so adding inc can only leave the range on its side).
