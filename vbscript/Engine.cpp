@@ -15,6 +15,7 @@ namespace {
 constexpr size_t kValueStackSize = 1 << 17;   // locals of all active procedures
 constexpr size_t kRefStackSize = 1 << 15;     // ByRef parameters of all active procedures
 constexpr size_t kStackReserve = 384 * 1024;  // native stack kept free below the engine
+constexpr size_t kBaseSlack = 4096;
 
 // Native stack the engine may use from here on: what remains of this thread's stack minus a
 // reserve for the host and for C++ exception handling.
@@ -44,7 +45,8 @@ Engine::Engine(ScriptControl& control)
     m_globalScope = makeRef<GlobalScope>(*this); // after m_alive, which it shares
     m_stack.reset(new Value[kValueStackSize]);
     m_stackSize = kValueStackSize;
-    m_refStack.reset(new Value*[kRefStackSize]);
+    // Room past the end for the arguments a direct call binds before the depth is checked.
+    m_refStack.reset(new Value*[kRefStackSize + CallExpr::kMaxDirectArgs]);
     registerCoreBuiltins(*this);
     reset();
 }
@@ -320,7 +322,10 @@ Engine::Entry::Entry(Engine& e) : m_engine(e), m_outer(t_running), m_locale(e.m_
     if (e.m_entryDepth++ == 0) {
         e.m_steps = 0;
         char here;
-        e.m_stackBase = &here;
+        // The base sits a little above this frame: the first checks run in frames of callers
+        // that may lie above it (this constructor's own frame can be the deeper one), and a
+        // probe above the base would read as a huge depth.
+        e.m_stackBase = reinterpret_cast<uintptr_t>(&here) + kBaseSlack;
         e.m_stackBudget = nativeStackBudget(&here);
     }
 }

@@ -196,7 +196,7 @@ private:
     void checkStack()
     {
         char probe;
-        if (size_t(m_stackBase - &probe) > m_stackBudget || m_depth > 20000)
+        if (m_stackBase - reinterpret_cast<uintptr_t>(&probe) > m_stackBudget || m_depth > 20000)
             raise(ErrorCode::OutOfStackSpace);
     }
 
@@ -207,11 +207,19 @@ private:
     // it raises is located and handled (On Error Resume Next) by statementFailed.
     [[gnu::always_inline]] Flow runBlock(const Block& block)
     {
+        return runStatements(block.data(), block.data() + block.size());
+    }
+    // The same over a block's statements, for a loop that finds them once rather than every turn
+    // (a block does not change while it runs).
+    [[gnu::always_inline]] Flow runStatements(const StmtPtr* first, const StmtPtr* last)
+    {
         // Calls restore the running frame before they return, so it stays the same through the
         // block.
         Frame* const frame = m_frame;
-        for (const auto& sp : block) {
-            const Stmt* s = sp.get();
+        for (; first != last; ++first) {
+            const Stmt* s = first->get();
+            // Written only when they change: a loop of one statement over a big array is bound
+            // by its stores, and these would queue behind the ones that miss the cache.
             frame->node = nullptr;
             frame->stmt = s;
             tick();
@@ -351,7 +359,7 @@ private:
     uint64_t m_stepLimit = 0;
     const std::atomic<bool>* m_interrupt = nullptr;
     bool m_watched = false; // a statement limit or an interrupt flag is set
-    char* m_stackBase = nullptr;  // native stack at the outermost entry
+    uintptr_t m_stackBase = 0;    // native stack at the outermost entry
     size_t m_stackBudget = 0;     // bytes of native stack the engine may use
     int m_entryDepth = 0;
 

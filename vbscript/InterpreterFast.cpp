@@ -299,36 +299,36 @@ struct Engine::Fast {
     }
     [[gnu::noinline]] static void storeItem(Value& item, const Value& v) { item = v; }
     // a(i) = literal for a local a, i a local or a literal, and a literal that holds nothing:
-    // assignItem's first case with the shapes known.
+    // assignItem's first case with the shapes known. Anything out of the ordinary (an error
+    // included) goes to assignItem, so that the common case stores nothing but the item: in a
+    // loop over a big array the item stores miss the cache, and every other store waits behind
+    // them.
     static Flow assignLocalItemLiteral(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
         const auto* c = static_cast<const CallExpr*>(a->target.get());
-        Frame* const frame = en.m_frame;
-        Value& var = frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
-        if (!var.isArray() || var.array()->counts.size() != 1) {
-            en.execAssign(a);
-            return Flow::Normal;
-        }
+        const Frame* const frame = en.m_frame;
+        const Value& var = frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+        if (!var.isArray())
+            return assignItemOutOfLine(en, s);
         const Expr* ie = c->args[0].get();
         const Value& iv = ie->kind == ExprKind::Local
             ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
             : static_cast<const LiteralExpr*>(ie)->value;
-        if (!isInt(iv.type())) {
-            en.assignVectorItem(c, a->value.get()); // writeItem out of line
-            return Flow::Normal;
-        }
-        const int64_t i = rawInt(iv);
-        if (i < 0 || i >= var.array()->counts[0])
-            raise(ErrorCode::SubscriptOutOfRange);
-        ArrayRep* rep = ValueAccess::unshareArray(var);
-        const Value& v = static_cast<const LiteralExpr*>(a->value.get())->value;
-        if (rep->plain)
-            ValueAccess::copyPlain(rep->items[size_t(i)], v);
+        int64_t i;
+        if (iv.type() == VarType::Long)
+            i = iv.rawLong();
+        else if (iv.type() == VarType::Integer)
+            i = iv.rawInteger();
         else
-            storeItem(rep->items[size_t(i)], v);
+            return assignItemOutOfLine(en, s);
+        ArrayRep* rep = var.array();
+        if (rep->counts.size() != 1 || uint64_t(i) >= uint64_t(rep->counts[0]) || rep->refs != 1 || !rep->plain)
+            return assignItemOutOfLine(en, s);
+        ValueAccess::copyPlain(rep->items[size_t(i)], static_cast<const LiteralExpr*>(a->value.get())->value);
         return Flow::Normal;
     }
+    [[gnu::noinline]] static Flow assignItemOutOfLine(Engine& en, const Stmt* s) { return assignItem(en, s); }
     // a(i) = value: an item of a one-dimensional array in a plain variable, else the general way.
     static Flow assignItem(Engine& en, const Stmt* s)
     {

@@ -122,9 +122,11 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
         constexpr bool kUp = decltype(up)::value, kLong = decltype(longs)::value;
         constexpr bool kFixed = decltype(fixed)::value;
         auto next = [&](int64_t v) { return kLong ? Value(int32_t(v)) : counter(v); };
+        const StmtPtr* const first = s->body.data();
+        const StmtPtr* const last = first + s->body.size();
         while (kUp ? i <= end : i >= end) {
             tick();
-            const Flow f = runBlock(s->body);
+            const Flow f = runStatements(first, last);
             if (f == Flow::ExitFor)
                 break;
             if (f != Flow::Normal)
@@ -136,7 +138,9 @@ Flow Engine::execIntegerFor(const ForStmt* s, const Value& from, const Value& to
             i = (vt == VarType::Integer ? var->rawInteger() : vt == VarType::Long ? var->rawLong() : var->toLong()) + inc;
             if (kUp ? i > INT32_MAX : i < INT32_MIN)
                 raise(ErrorCode::Overflow);
-            if (plain)
+            if (kLong && vt == VarType::Long)
+                ValueAccess::setLong(*var, int32_t(i)); // one store: the tag stays
+            else if (plain)
                 ValueAccess::overwritePlain(*var, next(i)); // an Integer or Long holds nothing to release
             else
                 *var = next(i);

@@ -8,7 +8,8 @@ namespace vbs {
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
 
 // Runs proc in a new frame on the value stack. args holds one pointer per parameter: a ByRef
-// parameter refers to it, a ByVal one copies it.
+// parameter refers to it, a ByVal one copies it. Null args: the caller has put the pointers of a
+// procedure whose parameters are all ByRef straight into the reference slots of the new frame.
 [[gnu::always_inline]] inline Value Engine::runProcedure(Procedure* proc, ClassInstance* me, Value* const* args)
 {
     checkStack();
@@ -23,7 +24,8 @@ namespace vbs {
     frame.refs = &m_refStack[m_rsp];
     frame.me = me;
     frame.chunk = proc->chunk;
-    if (proc->allByRef) {
+    if (!args) {
+    } else if (proc->allByRef) {
         for (size_t i = 0; i < np; ++i)
             frame.refs[i] = args[i];
     } else {
@@ -144,6 +146,20 @@ struct Engine::DirectArgs {
 // so the engine has been entered.
 [[gnu::always_inline]] inline Value Engine::callDirect(Procedure* proc, const CallExpr* c)
 {
+    if (c->variableArgs && proc->allByRef) {
+        // Nothing is evaluated, so the pointers go where the frame will look for them (the
+        // reference stack has room for them past its end; runProcedure checks the depth).
+        const size_t n = c->args.size();
+        const ExprPtr* argv = c->args.data();
+        Frame* const frame = m_frame;
+        Value** refs = &m_refStack[m_rsp];
+        for (size_t i = 0; i < n; ++i) {
+            const auto* a = static_cast<const NameExpr*>(argv[i].get());
+            refs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
+        }
+        frame->node = c;
+        return runProcedure(proc, nullptr, nullptr);
+    }
     const DirectArgs args(*this, c);
     return runProcedure(proc, nullptr, args.ptrs);
 }

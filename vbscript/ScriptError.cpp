@@ -191,6 +191,11 @@ const char* ScriptError::what() const noexcept
     return m_what.c_str();
 }
 
+void raise(ErrorCode code)
+{
+    throw ScriptError(code, String());
+}
+
 void raise(ErrorCode code, String source)
 {
     throw ScriptError(code, std::move(source));

@@ -178,7 +178,10 @@ private:
 // in the background). False when no script is running.
 bool locateAtRunningStatement(ScriptError& e);
 
-[[noreturn]] void raise(ErrorCode code, String source = {});
+// The one-argument form builds nothing in its caller, so the interpreter's fast paths that may
+// raise need no stack frame for it.
+[[noreturn, gnu::cold, gnu::noinline]] void raise(ErrorCode code);
+[[noreturn]] void raise(ErrorCode code, String source);
 [[noreturn]] void raise(int32_t number, String description, String source = {});
 
 } // namespace vbs

@@ -254,6 +254,8 @@ public:
         item.m_u = v.m_u;
         v.m_type = VarType::Empty;
     }
+    // A new number in a value that is a Long already.
+    static void setLong(Value& v, int32_t i) noexcept { v.m_u.i64 = int64_t(uint32_t(i)); }
     // The same with a copy of a value that holds no reference either (nothing to retain).
     static void copyPlain(Value& item, const Value& v) noexcept
     {
