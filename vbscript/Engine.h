@@ -218,8 +218,6 @@ private:
         Frame* const frame = m_frame;
         for (; first != last; ++first) {
             const Stmt* s = first->get();
-            // Written only when they change: a loop of one statement over a big array is bound
-            // by its stores, and these would queue behind the ones that miss the cache.
             frame->node = nullptr;
             frame->stmt = s;
             tick();
@@ -242,7 +240,6 @@ private:
     Cond headCondition(const Expr* e);
     Flow runOnce(const Block& body);
     Flow execIf(const IfStmt* s);
-    Flow execIfThen(const IfStmt* s);
     Flow execFor(const ForStmt* s);
     Flow execIntegerFor(const ForStmt* s, const Value& from, const Value& to, const Value& step);
     Flow execForEach(const ForEachStmt* s);
@@ -299,11 +296,13 @@ private:
         return nullptr;
     }
     bool evalCondition(const Expr* e);
+    bool condition(const Expr* e); // evalCondition, inline in InterpreterFast.cpp
     // A local, parameter or literal, or a(i) for a local a holding a one-dimensional array and i
     // an Integer or Long local or literal, read in place (raising only what a(i) raises for a
     // subscript out of range); nullptr for anything else. Nothing runs, so the expression can
     // still be evaluated when it gives nullptr.
     const Value* peek(const Expr* e);
+    const Value* peekInline(const Expr* e); // peek, inline in InterpreterFast.cpp
     Value evalName(const NameExpr* e);
     Value evalCall(const CallExpr* e, bool statement);
     [[gnu::noinline]] Value callOther(const CallExpr* c, bool statement);

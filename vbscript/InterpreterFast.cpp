@@ -384,7 +384,19 @@ struct Engine::Fast {
         return Flow::Normal;
     }
     static Flow ifStatement(Engine& en, const Stmt* s) { return en.execIf(static_cast<const IfStmt*>(s)); }
-    static Flow ifThen(Engine& en, const Stmt* s) { return en.execIfThen(static_cast<const IfStmt*>(s)); }
+    // If ... Then ... End If without ElseIf or Else: a false condition costs no more than
+    // testing it.
+    static Flow ifThen(Engine& en, const Stmt* s)
+    {
+        const IfStmt::Arm& arm = static_cast<const IfStmt*>(s)->arms.front();
+        if (!en.m_frame->resumeNext) [[likely]] {
+            if (!en.condition(arm.condition.get()))
+                return Flow::Normal;
+        } else if (en.headCondition(arm.condition.get()) == Cond::False) {
+            return Flow::Normal;
+        }
+        return en.execBlock(arm.body);
+    }
     static Flow forStatement(Engine& en, const Stmt* s) { return en.execFor(static_cast<const ForStmt*>(s)); }
     static Flow doStatement(Engine& en, const Stmt* s) { return en.execDo(static_cast<const DoStmt*>(s)); }
 
@@ -540,6 +552,11 @@ Value Engine::vectorItem(const CallExpr* c)
 
 const Value* Engine::peek(const Expr* e)
 {
+    return peekInline(e);
+}
+
+[[gnu::always_inline]] inline const Value* Engine::peekInline(const Expr* e)
+{
     switch (e->kind) {
     case ExprKind::Local: return &m_frame->vars[static_cast<const NameExpr*>(e)->slot];
     case ExprKind::RefParam: return m_frame->refs[static_cast<const NameExpr*>(e)->slot];
@@ -591,9 +608,14 @@ namespace {
 // values. Everything else is evaluated.
 bool Engine::evalCondition(const Expr* e)
 {
+    return condition(e);
+}
+
+[[gnu::always_inline]] inline bool Engine::condition(const Expr* e)
+{
     switch (e->kind) {
     case ExprKind::Not:
-        if (const Value* v = peek(static_cast<const UnaryExpr*>(e)->operand.get())) {
+        if (const Value* v = peekInline(static_cast<const UnaryExpr*>(e)->operand.get())) {
             if (v->type() == VarType::Boolean)
                 return !v->rawBool();
             m_frame->node = e;
@@ -603,10 +625,10 @@ bool Engine::evalCondition(const Expr* e)
     case ExprKind::Eq: case ExprKind::Ne: case ExprKind::Lt: case ExprKind::Gt: case ExprKind::Le:
     case ExprKind::Ge: {
         const auto* b = static_cast<const BinaryExpr*>(e);
-        const Value* l = peek(b->left.get());
+        const Value* l = peekInline(b->left.get());
         if (!l || !isInt(l->type()))
             break;
-        const Value* r = peek(b->right.get());
+        const Value* r = peekInline(b->right.get());
         if (!r || !isInt(r->type()))
             break;
         const int64_t x = rawInt(*l), y = rawInt(*r);
@@ -621,7 +643,7 @@ bool Engine::evalCondition(const Expr* e)
         }
     }
     default:
-        if (const Value* v = peek(e))
+        if (const Value* v = peekInline(e))
             return truth(*v);
         break;
     }

@@ -34,19 +34,6 @@ Engine::Cond Engine::headCondition(const Expr* e)
     return c ? Cond::True : Cond::False;
 }
 
-// If ... Then ... End If without ElseIf or Else: a false condition costs no more than testing it.
-Flow Engine::execIfThen(const IfStmt* s)
-{
-    const IfStmt::Arm& arm = s->arms.front();
-    if (!m_frame->resumeNext) {
-        if (!evalCondition(arm.condition.get()))
-            return Flow::Normal;
-    } else if (headCondition(arm.condition.get()) == Cond::False) {
-        return Flow::Normal;
-    }
-    return execBlock(arm.body);
-}
-
 Flow Engine::execIf(const IfStmt* s)
 {
     for (const auto& arm : s->arms)
