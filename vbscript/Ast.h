@@ -158,6 +158,7 @@ struct AssignStmt : Stmt {
     bool isMid = false;           // the Mid statement: Mid(var, start[, length]) = text
     bool appendsToTarget = false; // "s = s & x & y": appended in place
     std::vector<const Expr*> appendPieces; // x, y
+    mutable int64_t lastItem = 0;          // a(i) = literal: the i of the last run, for its stride
 };
 
 struct IfStmt : Stmt {
