@@ -149,13 +149,13 @@ void ImagingControl::restreamIfConsumed() const {
 
 // Runs a streamed pipeline once into memory; from then on the image is an ordinary one. Only the
 // decoder can fail here, so a failure names the file.
-void ImagingControl::materialise() const {
+void ImagingControl::materialise(const std::string& context) const {
     restreamIfConsumed();
     try {
         m_consumed = true;
         m_image = m_image.copy_memory();
     } catch (const vips::VError& e) {
-        failFromVips(ErrorCode::DamagedImage, m_fileName, e);
+        failFromVips(ErrorCode::DamagedImage, context.empty() ? m_fileName : context, e);
     }
     m_streamed = false;
     m_consumed = false;

@@ -143,7 +143,8 @@ private:
     template <class F> void guarded(std::string_view what, F&& body, bool clearsError = true);
     void failIfJpegDamage(std::string_view message);
     void runOperation(const OperationDef& def, std::span<const Arg> args);
-    void materialise() const;
+    // context names the photo in a DamagedImage error (the photo's own name when empty).
+    void materialise(const std::string& context = {}) const;
     void keepPipelineShallow();
     void restreamIfConsumed() const;
     const vips::VImage& imageForSave();

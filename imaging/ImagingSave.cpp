@@ -124,8 +124,11 @@ void ImagingControl::saveHere(const std::string& target, const SaveOptions& o) {
         saveImage(imageForSave(), target, storedInt("SaveFileType"), o, m_fileName);
     } catch (const ImagingError& e) {
         // A streamed save fails alike for a damaged photo and for the target; decoding the
-        // photo alone tells which (and raises DamagedImage naming it).
-        if (streamed && e.code() != ErrorCode::DamagedImage) materialise();
+        // photo alone tells which, and damage is reported as when the save names it itself
+        // (libvips keeps one error text for all threads, so the save's own text may have lost
+        // the decoder's words).
+        if (streamed && e.code() != ErrorCode::DamagedImage)
+            materialise(damageFoundWhileWriting(m_fileName, target));
         throw;
     }
 }
@@ -141,7 +144,7 @@ void ImagingControl::saveInBackground(const std::string& target, const SaveOptio
     std::function<VImage()> restream = m_restream;
     SaveQueue::Job job;
     job.file = fileOf(*pending);
-    job.write = [pending, image, fileName, streamed, restream] {
+    job.write = [pending, image, fileName, target, streamed, restream] {
         try {
             writeSave(*pending, image, fileName);
         } catch (const ImagingError& e) {
@@ -150,7 +153,8 @@ void ImagingControl::saveInBackground(const std::string& target, const SaveOptio
             try {
                 (void)restream().copy_memory();
             } catch (const vips::VError& decode) {
-                failFromVips(ErrorCode::DamagedImage, fileName, decode);
+                failFromVips(ErrorCode::DamagedImage, damageFoundWhileWriting(fileName, target),
+                             decode);
             }
             throw;
         }

@@ -88,6 +88,8 @@ struct PendingSave;
 std::shared_ptr<PendingSave> beginSave(const std::string& scriptPath, int32_t fileType,
                                        const SaveOptions& options);
 void writeSave(PendingSave& save, const vips::VImage& image, const std::string& sourceName);
+// How a save names a damaged photo it was writing from: "SOURCE, found while writing TARGET".
+std::string damageFoundWhileWriting(const std::string& source, const std::string& target);
 void finishSave(PendingSave& save);
 // The file a pending save will replace or create.
 const std::filesystem::path& fileOf(const PendingSave& save);

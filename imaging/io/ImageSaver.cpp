@@ -248,6 +248,10 @@ VImage appendPage(const fs::path& file, const FormatDef& f, const VImage& page, 
 } // namespace
 
 // libvips reports a decoder failure during a save in the loader's words.
+std::string damageFoundWhileWriting(const std::string& source, const std::string& target) {
+    return source + ", found while writing " + target;
+}
+
 bool isDecodeFailure(const std::string& message) {
     for (const char* hint :
          {"read error", "load", "Premature", "truncated", "Corrupt", "corrupt", "out of order"})
@@ -303,7 +307,7 @@ void writeSave(PendingSave& save, const VImage& image, const std::string& source
         abandonSave(save);
         if (!sourceName.empty() && isDecodeFailure(e.what()))
             failFromVips(ErrorCode::DamagedImage,
-                         sourceName + ", found while writing " + save.scriptPath, e);
+                         damageFoundWhileWriting(sourceName, save.scriptPath), e);
         failFromVips(ErrorCode::CannotWrite, save.scriptPath, e);
     } catch (...) {
         abandonSave(save);
