@@ -61,9 +61,6 @@ TEST_F(FxOps, ColourAdjustmentsAndTheirReadBacks) {
     double before = image().avg();
     d.call(u"Brightness", {I(20)});
     EXPECT_GT(image().avg(), before + 30);
-    d.call(u"Brightness", {I(-20)});
-    d.call(u"Gamma", {I(2)});
-    EXPECT_GT(image().avg(), before + 10);
     d.call(u"AdjustHSL", {I(30), I(-100), I(0)});
     EXPECT_LE((image()[0].cast(VIPS_FORMAT_INT) - image()[2].cast(VIPS_FORMAT_INT)).abs().max(), 2);
     EXPECT_EQ(d.get(u"IPAdjustHue").toLong(), 30);
