@@ -1,4 +1,5 @@
-// Distortions: sizes kept, fixed points fixed, the documented regions moved, bad corners refused.
+// Distortions: fixed points fixed, the documented regions moved, bad corners refused (sizes and
+// bands kept: ImageKinds).
 #include "imaging/fx/Distortions.h"
 
 #include <cmath>
@@ -9,16 +10,9 @@
 using namespace fxtest;
 using vips::VImage;
 
-namespace {
-bool sameSize(const VImage& a, const VImage& b) {
-    return a.width() == b.width() && a.height() == b.height() && a.bands() == b.bands();
-}
-} // namespace
-
 TEST(Distortions, SwirlTurnsTheMiddleAndLeavesCornersAndCentre) {
     const VImage& in = photo(); // 240x160: the swirl reaches 80 pixels from the centre
     VImage out = fx::Swirl(in, 180);
-    ASSERT_TRUE(sameSize(out, in));
     EXPECT_LE(maxDiff(out.crop(0, 0, 30, 30), in.crop(0, 0, 30, 30)), 1);
     EXPECT_LE(maxDiff(out.crop(210, 130, 30, 30), in.crop(210, 130, 30, 30)), 1);
     EXPECT_GT(
@@ -44,7 +38,6 @@ TEST(Distortions, PositiveSwirlTurnsCounterClockwise) {
 TEST(Distortions, TwistSwirlsEachBlock) {
     const VImage& in = photo();
     VImage out = fx::Twist(in, 90, 40);
-    ASSERT_TRUE(sameSize(out, in));
     EXPECT_GT((out.cast(VIPS_FORMAT_FLOAT) - in).abs().avg(), 3);
     EXPECT_LE(maxDiff(fx::Twist(in, 0, 40), in), 1);
     expectBadArgument([&] { fx::Twist(in, 90, 7); }, "Twist", "size must be 8 to 1024");
@@ -54,7 +47,6 @@ TEST(Distortions, TwistSwirlsEachBlock) {
 TEST(Distortions, PinchAndBulgeMoveTheDiscOnly) {
     const VImage& in = photo();
     VImage pinched = fx::Pinch(in, 80), bulged = fx::Pinch(in, -80);
-    ASSERT_TRUE(sameSize(pinched, in));
     EXPECT_LE(maxDiff(pinched.crop(0, 0, 30, 30), in.crop(0, 0, 30, 30)), 1);
     auto ring = [](const VImage& v) { return v.crop(80, 40, 80, 80).cast(VIPS_FORMAT_FLOAT); };
     EXPECT_GT((ring(pinched) - ring(in)).abs().avg(), 3);
@@ -79,7 +71,6 @@ TEST(Distortions, RippleDisplacesAcrossItsDirection) {
 TEST(Distortions, PerspectiveNarrowsTheChosenEdge) {
     const VImage& in = photo();
     VImage top = fx::Perspective(in, 0, 40);
-    ASSERT_TRUE(sameSize(top, in));
     EXPECT_EQ(pixel(top, 2, 1), (std::vector<double>{0, 0, 0})); // top corners uncovered
     EXPECT_EQ(pixel(top, 237, 1), (std::vector<double>{0, 0, 0}));
     EXPECT_LE(maxDiff(top.crop(0, 159, 240, 1), in.crop(0, 159, 240, 1)), 2); // bottom edge stays
