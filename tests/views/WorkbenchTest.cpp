@@ -1,9 +1,6 @@
 // The main window and the command-line view, offscreen: menus, views, preferences, placement.
-#include "QtPrint.h"
-#include "RecordingMessages.h"
-#include "TempTree.h"
+#include "ViewsFixture.h"
 #include "platform/ScratchFolder.h"
-#include "platform/mWindowsAPI.h"
 #include "views/frmScript.h"
 #include "views/mInterface.h"
 #include "views/srcCommandLine.h"
@@ -15,25 +12,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QSettings>
 #include <QStackedWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
-class Workbench : public testing::Test {
+class Workbench : public ViewsTest {
 protected:
-    void SetUp() override {
-        mWindowsAPI::setSettingsFile(ini());
-        mWindowsAPI::preferences() = {};
-    }
-    void TearDown() override { mWindowsAPI::setSettingsFile({}); }
-
-    QString ini() const { return tree.nativePath("settings.ini"); }
-    QString stored(const QString& key) const {
-        return QSettings(ini(), QSettings::IniFormat).value("Settings/" + key).toString();
-    }
     static QAction* action(frmScript& w, const char* name) {
         return w.findChild<QAction*>(QLatin1String(name));
     }
@@ -46,10 +32,6 @@ protected:
             out.append(action(w, name)->isChecked());
         return out;
     }
-
-    TempTree tree;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
 };
 
 } // namespace

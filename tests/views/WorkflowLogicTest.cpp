@@ -1,5 +1,6 @@
 // The scripting workflow's rules without widgets: steps, questions and lines of the workflow,
-// the two splitters' limits, the photo list's filters and array, the preview's run line.
+// the two splitters' limits, the photo list's filters and array, the preview's run line (the
+// preview menu's states: Panes).
 #include "QtPrint.h"
 #include "RecordingMessages.h"
 #include "TempTree.h"
@@ -193,7 +194,7 @@ TEST(PhotoListRules, ShortensPathsAndNames) {
     EXPECT_EQ(PhotoList::previewCaption("a_very_long_photo_name.jpg"), "...ong_photo_name.jpg");
 }
 
-TEST(PreviewRules, RunLineCollapsedTestTextsAndMenu) {
+TEST(PreviewRules, RunLineCollapsedAndTestTexts) {
     using namespace PreviewPaneLogic;
     EXPECT_EQ(
         runLine(" /fx.Blur /fx.savefilename = x.bmp /fx.savefile", "\\d\\e.jpg", "\\s\\o.jpg"),
@@ -202,21 +203,9 @@ TEST(PreviewRules, RunLineCollapsedTestTextsAndMenu) {
     EXPECT_EQ(neutraliseSaves("/fx.SaveFile"), "/fx.SaveFile"); // as written: case-sensitive
     EXPECT_TRUE(isCollapsed(330, 989));
     EXPECT_FALSE(isCollapsed(330, 990));
-    EXPECT_EQ(paneHint(true), "(Double-Click Caption to Maximize Preview Pane.)");
-    EXPECT_EQ(paneHint(false), "");
     EXPECT_FALSE(showsBothPhotos(4980, 330));
     EXPECT_TRUE(showsBothPhotos(4981, 330));
     EXPECT_EQ(noPreviewLines(true).join('|'),
               "Dynamic Preview is not enabled...||Right-Click the Scripting Box (Editor)|and "
               "Select 'Run Preview'.||Optionally Press CTRL+Q");
-    EXPECT_EQ(noPreviewLines(false).first(), "No Preview Available...");
-
-    const MenuState builtIn = menuState(builtInExample(), builtInExample());
-    EXPECT_FALSE(builtIn.makeDefaultEnabled);
-    EXPECT_FALSE(builtIn.restoreVisible);
-    EXPECT_EQ(builtIn.makeDefaultCaption, "Make 'example.jpg' the Default Example");
-    const MenuState other = menuState("\\p\\wine.jpg", builtInExample());
-    EXPECT_TRUE(other.makeDefaultEnabled);
-    EXPECT_EQ(other.makeDefaultTag, "\\p\\wine.jpg");
-    EXPECT_TRUE(menuState(builtInExample(), "\\p\\wine.jpg").restoreVisible);
 }
