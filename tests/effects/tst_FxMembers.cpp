@@ -84,7 +84,6 @@ TEST(FxMembers, ArgumentConversionsAndTheirErrors) {
     d.load(dir.str("a.jpg"));
     EXPECT_EQ(d.errorOf([&] { d.call(u"Brightness", {L(40000)}); }), 6);
     EXPECT_EQ(d.errorOf([&] { d.call(u"Rotate", {vbs::Value(40000.0)}); }), 6);
-    EXPECT_EQ(d.errorOf([&] { d.call(u"ResizePercent", {L(40000)}); }), 6);
     EXPECT_EQ(d.errorOf([&] { d.let(u"SaveJPGLumFactor", L(40000)); }), 6);
     EXPECT_EQ(d.errorOf([&] { d.call(u"Brightness", {S("abc")}); }), 13);
     EXPECT_EQ(d.errorOf([&] { d.call(u"Resize", {I(10)}); }), 450);

@@ -50,10 +50,6 @@ TEST(Drawing, OnThePhoto) {
     EXPECT_EQ(pixel(out, 120, 80), kBluePixel);
     EXPECT_EQ(maxDiff(out.crop(0, 0, 240, 78), p.crop(0, 0, 240, 78)), 0);
     EXPECT_EQ(maxDiff(out.crop(0, 83, 240, 77), p.crop(0, 83, 240, 77)), 0);
-    st.font = {"DejaVu Sans", 12, false, false, false, false};
-    VImage text = fx::DrawText(p, st, 10, 100, "Photo", 0xFFFFFF);
-    EXPECT_GT(maxDiff(text.crop(10, 100, 60, 20), p.crop(10, 100, 60, 20)), 100);
-    EXPECT_EQ(maxDiff(text.crop(0, 0, 240, 95), p.crop(0, 0, 240, 95)), 0);
 }
 
 TEST(Drawing, CircleOutlineAndFillStyle) {
