@@ -89,7 +89,6 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FxFormats, FormatsNothingHereWritesFailNamingTheFormat) {
     for (const char* name : {"x.pic", "x.ljp", "x.wmf"}) {
         EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str(name)); }), 20006) << name;
-        EXPECT_EQ(d.get(u"ImagError").toLong(), 20006);
     }
     EXPECT_NE(d.lastDescription.find("WMF"), std::string::npos);
     writeFile(dir.str("old.pic"), "PIC-not-really");
