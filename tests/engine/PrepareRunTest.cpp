@@ -71,14 +71,14 @@ TEST_F(PrepareRun, InteractiveStartPutsTheRestInTheCommandView) {
 }
 
 TEST_F(PrepareRun, ScriptFileWithShowScriptWindowBuildsButDoesNotRun) {
-    tree.write("own.txt", "Sub Main\r\n' mine\r\n'{MAINCODE}'\r\nEnd Sub\r\n");
+    tree.write("own.txt", "Sub Main\r\n' mine\r\n'{MAINCODE}'\r\nEnd Sub\r\n'{effectsscript}'");
     const QString a = tree.path("p\\a.jpg");
-    const RunPlan plan =
-        prepare("/scriptfile:" + tree.path("own.txt") + " /showscriptwindow /files:" + a);
+    const RunPlan plan = prepare("/scriptfile:" + tree.path("own.txt") +
+                                 " /showscriptwindow /fx.Blur /files:" + a);
     EXPECT_EQ(plan.next, Next::OpenWindow);
     // The automatic " /progress.show" follows the /files: value, whose blank stays in the path.
-    EXPECT_EQ(plan.script,
-              "Sub Main\r\n' mine\r\nProcessEffects \"" + a + " \"\r\n\r\nEnd Sub\r\n");
+    EXPECT_EQ(plan.script, "Sub Main\r\n' mine\r\nProcessEffects \"" + a +
+                               " \"\r\n\r\nEnd Sub\r\nfx.Blur \r\nprogress.show\r\n");
     EXPECT_TRUE(plan.commandViewText.isEmpty());
 }
 
@@ -171,11 +171,6 @@ TEST_F(PrepareRun, StoredLinesThatIncludeThemselvesAreNamedInEveryMode) {
                                             "line cannot contain itself")});
     tree.write("self.vt3", at("fx.Blur\r\n/loadvt3script:@self.vt3").toUtf8());
     EXPECT_EQ(prepare(at("/showscriptwindow /loadvt3script:@self.vt3")).next, Next::Refuse);
-}
-
-TEST_F(PrepareRun, WithoutFileSourceTheMainPlaceholderStays) {
-    const RunPlan plan = prepare("/fx.Blur /folder:" + tree.path("missing"));
-    EXPECT_TRUE(plan.script.startsWith("Sub Main\r\n'{MainCode}'\r\nEnd Sub"));
 }
 
 TEST_F(PrepareRun, ExitWithoutSaveAsksOnceAndYesAddsTheSave) {
