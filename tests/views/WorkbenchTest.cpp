@@ -139,9 +139,7 @@ TEST_F(Workbench, RunHandsTheLineToTheEngineAndConvertAsksFirst) {
     view->SetCommandLine("/files:a.jpg /fx.Blur /fx.savefile");
     view->Convert();
     EXPECT_EQ(w.CurrentTool(), QStringLiteral("srcScripting"));
-    // The converted script follows the header of a new script.
-    EXPECT_TRUE(w.scriptingView()->scriptText().endsWith(
-        "//Script Name: Unknown\n\nfx.Blur \nfx.savefile"));
+    EXPECT_TRUE(w.scriptingView()->scriptText().endsWith("\nfx.Blur \nfx.savefile"));
     ASSERT_EQ(recorder.boxes.size(), 3);
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Notice"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::YesNoCancel);
