@@ -96,20 +96,13 @@ TEST(Distortions, PWarpMovesTheCorners) {
     VImage shifted = fx::PWarp(in, {P{10, 0}, P{249, 0}, P{249, 159}, P{10, 159}});
     EXPECT_LE(maxDiff(shifted.crop(10, 0, 230, 160), in.crop(0, 0, 230, 160)), 1);
     EXPECT_EQ(shifted.crop(0, 0, 9, 160).max(), 0);
-    // A crossed quadrilateral (top corners swapped) is refused.
-    expectBadArgument(
-        [&] {
-            fx::PWarp(in, {P{239, 0}, P{0, 0}, P{239, 159}, P{0, 159}});
-        },
-        "PWarp", "convex quadrilateral");
-    expectBadArgument(
-        [&] {
-            fx::PWarp(in, {P{0, 0}, P{0, 0}, P{0, 0}, P{0, 0}});
-        },
-        "PWarp", "convex quadrilateral");
-    expectBadArgument(
-        [&] {
-            fx::PWarp(in, {P{0, 0}, P{3e9, 0}, P{239, 159}, P{0, 159}});
-        },
-        "PWarp", "x2 must be -2147483648 to 2147483647 (got 3000000000)");
+    // A crossed quadrilateral (top corners swapped), a point, a corner beyond 32 bits: refused.
+    const std::pair<std::array<P, 4>, const char*> refused[] = {
+        {{P{239, 0}, P{0, 0}, P{239, 159}, P{0, 159}}, "convex quadrilateral"},
+        {{P{0, 0}, P{0, 0}, P{0, 0}, P{0, 0}}, "convex quadrilateral"},
+        {{P{0, 0}, P{3e9, 0}, P{239, 159}, P{0, 159}},
+         "x2 must be -2147483648 to 2147483647 (got 3000000000)"},
+    };
+    for (const auto& [corners, message] : refused)
+        expectBadArgument([&] { fx::PWarp(in, corners); }, "PWarp", message);
 }
