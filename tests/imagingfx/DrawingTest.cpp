@@ -109,14 +109,11 @@ TEST(Drawing, PolygonTakesTwoToSixPoints) {
     EXPECT_EQ(pixel(tri, 50, 50), kBluePixel);
     EXPECT_EQ(pixel(tri, 10, 10), kGrey);
     EXPECT_EQ(pixel(tri, 50, 70), kRedPixel);
-    expectBadArgument(
-        [] {
-            fx::DrawPolygon(canvas(), fx::DrawState{}, {{1, 1}}, 0);
-        },
-        "DrawPolygon", "2 to 6 points (got 1)");
-    std::vector<fx::Point> seven(7, fx::Point{5, 5});
-    expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, seven, 0); }, "DrawPolygon",
-                      "(got 7)");
+    for (const int n : {1, 7}) {
+        const std::vector<fx::Point> points(size_t(n), fx::Point{5, 5});
+        expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, points, 0); },
+                          "DrawPolygon", "2 to 6 points (got " + std::to_string(n) + ")");
+    }
 }
 
 TEST(Drawing, DrawModesCombinePenAndPixel) {

@@ -87,10 +87,8 @@ TEST(mFileDisk, TrailingBlanksOfNamesAreIgnored) {
 
 TEST(mFileDisk, ReadFileNormalisesTextAndFailsQuietly) {
     TempTree tree;
-    tree.write("cmd.txt", "/fx.Blur\n/fx.savefile\n");
     tree.write("latin.txt", "caf\xE9");
     tree.mkdir("folder");
-    EXPECT_EQ(ReadFile(tree.path("cmd.txt")), QStringLiteral("/fx.Blur\r\n/fx.savefile\r\n"));
     EXPECT_EQ(ReadFile(tree.path("latin.txt")), QString::fromUtf8("café"));
     EXPECT_EQ(ReadFile(tree.path("missing.txt")), QString());
     EXPECT_EQ(ReadFile(tree.path("folder")), QString());
