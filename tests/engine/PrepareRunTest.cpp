@@ -73,8 +73,8 @@ TEST_F(PrepareRun, InteractiveStartPutsTheRestInTheCommandView) {
 TEST_F(PrepareRun, ScriptFileWithShowScriptWindowBuildsButDoesNotRun) {
     tree.write("own.txt", "Sub Main\r\n' mine\r\n'{MAINCODE}'\r\nEnd Sub\r\n'{effectsscript}'");
     const QString a = tree.path("p\\a.jpg");
-    const RunPlan plan = prepare("/scriptfile:" + tree.path("own.txt") +
-                                 " /showscriptwindow /fx.Blur /files:" + a);
+    const RunPlan plan =
+        prepare("/scriptfile:" + tree.path("own.txt") + " /showscriptwindow /fx.Blur /files:" + a);
     EXPECT_EQ(plan.next, Next::OpenWindow);
     // The automatic " /progress.show" follows the /files: value, whose blank stays in the path.
     EXPECT_EQ(plan.script, "Sub Main\r\n' mine\r\nProcessEffects \"" + a +
@@ -136,8 +136,8 @@ TEST_F(PrepareRun, TheLineAfterExpansion) {
     // Lone line ends have been made CR LF when the file was read, so every break goes.
     tree.write("lf.txt", "/fx.Blur\n/fx.Sharpen\r");
     tree.write("leaf.txt", "/fx.Blur ");
-    tree.write("twice.txt", at("/loadcmdscript:@leaf.txt/loadcmdscript:@leaf.txt/fx.savefile")
-                                .toUtf8());
+    tree.write("twice.txt",
+               at("/loadcmdscript:@leaf.txt/loadcmdscript:@leaf.txt/fx.savefile").toUtf8());
     const std::pair<const char*, const char*> cases[] = {
         // Quotes at either end are removed.
         {"\"/fx.Blur\"", "/fx.Blur /progress.show"},

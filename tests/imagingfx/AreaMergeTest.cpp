@@ -49,9 +49,11 @@ TEST(Area, RectangleIsClippedOrRefused) {
     };
     for (const auto& [rect, message] : refused)
         expectBadArgument([&] { fx::applyInArea(in, rect, invert); }, "Area", message);
-    const auto shrink = [](const VImage& v) { return v.crop(0, 0, 5, 5); };
-    expectBadArgument([&] { fx::applyInArea(in, {0, 0, 50, 50}, shrink); }, "Area",
-                      "changes the image size");
+    expectBadArgument(
+        [&] {
+            fx::applyInArea(in, {0, 0, 50, 50}, [](const VImage& v) { return v.crop(0, 0, 5, 5); });
+        },
+        "Area", "changes the image size");
 }
 
 TEST(Merge, NormalStyleMixesByTheHighAndLowOpacity) {

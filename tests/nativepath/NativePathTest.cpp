@@ -14,8 +14,8 @@ protected:
         m_root = fs::temp_directory_path() / ("nativepath-" + std::to_string(::getpid()));
         fs::create_directories(m_root / "Data" / "Sub");
         fs::create_directories(m_root / "Fötos");
-        for (const char* name : {"Data/Template.txt", "Data/Exact.txt", "Data/exact.txt",
-                                 "Fötos/Été.jpg"})
+        for (const char* name :
+             {"Data/Template.txt", "Data/Exact.txt", "Data/exact.txt", "Fötos/Été.jpg"})
             std::ofstream(m_root / name) << "x";
         const char* home = std::getenv("HOME");
         m_home = home ? home : "";

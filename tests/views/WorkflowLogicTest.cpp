@@ -135,7 +135,7 @@ TEST(Splitters, StayWithinTheirMarginsAndToggleBack) {
     ToolPaneSplit pane(3000);
     EXPECT_EQ(pane.dragPosition(-5000, 9000), 550);
     EXPECT_EQ(pane.dragPosition(0, 1000), 450); // lower than both margins: the bottom one wins
-    pane.togglePreview(9000); // enlarged and back: the tool pane, Panes
+    pane.togglePreview(9000);                   // enlarged and back: the tool pane, Panes
     pane.togglePreview(9000);
     EXPECT_EQ(pane.saved(), 3000);
     pane.togglePreview(9000);
