@@ -1,5 +1,5 @@
-// Whole batches through the executable: a folder, a template, exit and the window. How a line is
-// expanded and its photos listed is tested on the engine (PrepareRun, MainCode).
+// Whole batches through the executable: a folder, exit and the window. How a line is expanded,
+// its template filled and its photos listed is tested on the engine (PrepareRun, MainCode).
 #include "E2eFixture.h"
 
 TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
@@ -29,29 +29,6 @@ TEST_F(E2eTest, FolderBatchWithAPrefixFitsEveryPhotoAndKeepsTheOriginals) {
         EXPECT_NEAR(double(small->first) / small->second,
                     double(original->first) / original->second, 0.02);
     }
-}
-
-TEST_F(E2eTest, ScriptFileTemplateReplacesTheDefaultOne) {
-    copySample("umang.jpg", "in/a.jpg");
-    write("template.txt", "Sub Main()\r\n"
-                          "    MsgBox \"custom template\", vbOKOnly, \"Start\"\r\n"
-                          "'{MainCode}'\r\n"
-                          "End Sub\r\n"
-                          "Sub ProcessEffects(path)\r\n"
-                          "    fx.filename = path\r\n"
-                          "    fx.SaveFileNameAddPrefix \"tpl_\"\r\n"
-                          "'{EffectsScript}'\r\n"
-                          "    fx.SaveFile\r\n"
-                          "End Sub\r\n");
-    const ProcessResult r =
-        run({"/scriptfile:" + path("template.txt"), "/files:" + path("in\\a.jpg"),
-             "/fx.ResizePercent 50", "/fx.savefile", "/exit"});
-    ASSERT_TRUE(r.exited && r.status == 0) << describe(r);
-    EXPECT_NE(r.err.find("Start\ncustom template\n"), std::string::npos) << describe(r);
-    const auto original = sizeOf("in/a.jpg");
-    const auto result = sizeOf("in/tpl_a.jpg");
-    ASSERT_TRUE(original && result) << describe(r);
-    EXPECT_NEAR(result->first, original->first / 2.0, 1.0);
 }
 
 TEST_F(E2eTest, ExitAloneDoesNothing) {

@@ -81,7 +81,7 @@ TEST_F(ConsoleTest, ScriptMsgBoxQuestionsGoToTheTerminal) {
     EXPECT_FALSE(exists("in/m_a.jpg"));
 }
 
-TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalWhileShown) {
+TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalOnlyWhileShown) {
     const ProcessResult r =
         runInTerminal({"/files:" + path("in\\a.jpg") + ";b.jpg", "/fx.ResizePercent 10",
                        "/fx.SaveFileNameAddPrefix \"s_\"", "/fx.savefile", "/exit"},
@@ -92,13 +92,9 @@ TEST_F(ConsoleTest, ProgressLineIsDrawnOnATerminalWhileShown) {
     EXPECT_TRUE(contains(r.out, " photos per second")) << r.out;
     // The line is ended before the process does, so the shell's prompt starts on its own line.
     EXPECT_TRUE(r.out.size() >= 2 && r.out.compare(r.out.size() - 2, 2, "\r\n") == 0) << r.out;
-}
-
-// Without a terminal there is no line either (E2eTest.FolderBatchWithAPrefixFitsEveryPhoto...).
-TEST_F(ConsoleTest, NoProgressLineWhenHidden) {
-    const std::vector<std::string> hidden = {"/files:" + path("in\\a.jpg") + ";b.jpg",
-                                             "/progress.hide", "/fx.savefile", "/exit"};
-    const ProcessResult onTerminal = runInTerminal(hidden, {});
-    ASSERT_TRUE(onTerminal.exited && onTerminal.status == 0) << describe(onTerminal);
-    EXPECT_FALSE(contains(onTerminal.out, "file 1 of")) << onTerminal.out;
+    // Hidden, there is none. (Nor without a terminal: E2eTest.FolderBatchWithAPrefix...)
+    const ProcessResult hidden = runInTerminal(
+        {"/files:" + path("in\\a.jpg") + ";b.jpg", "/progress.hide", "/fx.savefile", "/exit"}, {});
+    ASSERT_TRUE(hidden.exited && hidden.status == 0) << describe(hidden);
+    EXPECT_FALSE(contains(hidden.out, "file 1 of")) << hidden.out;
 }

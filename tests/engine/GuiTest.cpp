@@ -34,18 +34,12 @@ TEST_F(GuiTest, ProgressWindowFollowsTheScript) {
     EXPECT_FALSE(view->cancelButton()->isEnabled());
     progress.beginRun(4);
     EXPECT_FALSE(progress.cancelRequested());
-    progress.Hide();
-    EXPECT_FALSE(view->isVisible());
-}
-
-TEST_F(GuiTest, ProgressWindowWithoutCountHidesTheBar) {
-    auto window = std::make_unique<frmConvProgressWindow>();
-    frmConvProgressWindow* view = window.get();
-    frmConvProgress progress(std::move(window));
+    // Without a count there is no bar.
     progress.beginRun(0);
-    progress.Show();
     progress.setLabelCaption("x");
     EXPECT_FALSE(view->bar()->isVisible());
+    progress.Hide();
+    EXPECT_FALSE(view->isVisible());
 }
 
 TEST_F(GuiTest, MessageBoxesCarryTitleTextIconAndSafeEscape) {

@@ -17,7 +17,7 @@ struct RecordingBackend : ProgressBackend {
 
 } // namespace
 
-TEST(frmConvProgress, StartsHiddenWithItsTexts) {
+TEST(frmConvProgress, StartsHiddenAndCountsPhotosByLabelEvenBeforeItIsShown) {
     QList<ProgressState> frames;
     int events = 0;
     frmConvProgress progress(std::make_unique<RecordingBackend>(&frames, &events));
@@ -25,12 +25,6 @@ TEST(frmConvProgress, StartsHiddenWithItsTexts) {
     EXPECT_EQ(progress.Caption(), QStringLiteral("Vantorel 3 - Converting"));
     EXPECT_EQ(progress.labelCaption(), QStringLiteral("Now Converting:"));
     EXPECT_TRUE(frames.isEmpty()); // loading draws nothing
-}
-
-TEST(frmConvProgress, CountsPhotosByLabelEvenBeforeItIsShown) {
-    QList<ProgressState> frames;
-    int events = 0;
-    frmConvProgress progress(std::make_unique<RecordingBackend>(&frames, &events));
     progress.beginRun(3);
     // The default batch: the label is set, then the effects body shows the window.
     progress.setLabelCaption("Now Converting: a.jpg");

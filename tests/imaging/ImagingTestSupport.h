@@ -9,6 +9,8 @@
 
 #include <vips/vips8>
 
+#include "imaging/ImagingError.h"
+
 namespace testsupport {
 
 // A fresh folder removed with its contents at the end of the test.
@@ -51,6 +53,16 @@ bool gifInterlaced(const std::string& bytes);
 std::string pngHeaderOnly(uint32_t width, uint32_t height);
 
 bool haveSaver(const char* operation);
+
+// The code and message of the ImagingError a call raises; ErrorCode::None when it raises none.
+template <class F> std::pair<imaging::ErrorCode, std::string> imagingErrorOf(F&& call) {
+    try {
+        call();
+    } catch (const imaging::ImagingError& e) {
+        return {e.code(), e.what()};
+    }
+    return {imaging::ErrorCode::None, {}};
+}
 
 // A run-length encoded (RLE8) bitmap of 6 x 2 pixels: a red top row over a blue bottom row.
 std::string rle8Bitmap();

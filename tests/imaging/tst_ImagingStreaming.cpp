@@ -25,11 +25,22 @@ void saveAs(ImagingControl& c, const std::string& path) {
     c.saveFile();
 }
 
-} // namespace
-
-TEST(ImagingStreaming, ResizeOfAnUntouchedJpegStaysCloseToAFullDecode) {
+// A large JPEG, big.jpg, and a control to open it with.
+class ImagingStreaming : public ::testing::Test {
+protected:
+    void SetUp() override { testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500); }
+    // Opens big.jpg to be resized into width x height.
+    void open(int width, int height) {
+        c.setFileName(dir.str("big.jpg"));
+        c.resizeTo(width, height, true);
+    }
     TempDir dir;
     ImagingControl c;
+};
+
+} // namespace
+
+TEST_F(ImagingStreaming, ResizeOfAnUntouchedJpegStaysCloseToAFullDecode) {
     c.setFileName(testsupport::samplePhoto()); // 1024 x 576
     c.resizeTo(256, 144, true);                // decoded at 1/4 scale
     EXPECT_TRUE(c.isStreamed());
@@ -43,13 +54,9 @@ TEST(ImagingStreaming, ResizeOfAnUntouchedJpegStaysCloseToAFullDecode) {
     EXPECT_LT(diff.max(), 24);  // measured 10
 }
 
-TEST(ImagingStreaming, EveryReadAfterASaveSeesTheSamePixels) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
-    ImagingControl c;
+TEST_F(ImagingStreaming, EveryReadAfterASaveSeesTheSamePixels) {
     c.setProperty("UndoEnabled", true);
-    c.setFileName(dir.str("big.jpg"));
-    c.resizeTo(400, 300, true);
+    open(400, 300);
     saveAs(c, dir.str("a.png"));
     saveAs(c, dir.str("b.png")); // the pipeline read by the first save is built again
     VImage first = readPixels(dir.str("a.png"));
@@ -62,12 +69,8 @@ TEST(ImagingStreaming, EveryReadAfterASaveSeesTheSamePixels) {
     EXPECT_EQ(absDifference(first, c.image()).max(), 0);
 }
 
-TEST(ImagingStreaming, OperationsOnAStreamedImageReadItInAnyOrder) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
-    ImagingControl c;
-    c.setFileName(dir.str("big.jpg"));
-    c.resizeTo(1200, 900, true); // no reduced scale, but still one top-to-bottom decode
+TEST_F(ImagingStreaming, OperationsOnAStreamedImageReadItInAnyOrder) {
+    open(1200, 900); // no reduced scale, but still one top-to-bottom decode
     EXPECT_TRUE(c.isStreamed());
     std::vector<Arg> angle{90.0};
     c.invoke("Rotate", angle); // reads the image bottom to top
@@ -77,10 +80,8 @@ TEST(ImagingStreaming, OperationsOnAStreamedImageReadItInAnyOrder) {
     EXPECT_LT(absDifference(readPixels(dir.str("turned.png")), expected).avg(), 3);
 }
 
-TEST(ImagingStreaming, DamageFoundWhileStreamingNamesThePhotoAndKeepsTheTarget) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("whole.jpg"), 1600, 1200);
-    std::string bytes = testsupport::readFile(dir.str("whole.jpg"));
+TEST_F(ImagingStreaming, DamageFoundWhileStreamingNamesThePhotoAndKeepsTheTarget) {
+    std::string bytes = testsupport::readFile(dir.str("big.jpg"));
     // The scan names Huffman tables that were never defined: the header reads well, decoding
     // fails at its first row.
     size_t scan = bytes.find("\xFF\xDA");
@@ -88,58 +89,36 @@ TEST(ImagingStreaming, DamageFoundWhileStreamingNamesThePhotoAndKeepsTheTarget) 
     bytes[scan + 6] = '\x33';
     testsupport::writeFile(dir.str("cut.jpg"), bytes);
     testsupport::writeFile(dir.str("out.jpg"), "previous");
-    ImagingControl c;
     c.setFileName(dir.str("cut.jpg"));
     c.resizeTo(400, 300, true);
     c.setProperty("SaveFileName", dir.str("out.jpg"));
-    try {
-        c.saveFile();
-        FAIL() << "a cut photo saved without an error";
-    } catch (const ImagingError& e) {
-        EXPECT_EQ(e.code(), ErrorCode::DamagedImage);
-        EXPECT_NE(std::string(e.what()).find("cut.jpg"), std::string::npos) << e.what();
-    }
+    const auto [code, message] = testsupport::imagingErrorOf([&] { c.saveFile(); });
+    EXPECT_EQ(code, ErrorCode::DamagedImage);
+    EXPECT_NE(message.find("cut.jpg"), std::string::npos) << message;
     EXPECT_EQ(testsupport::readFile(dir.str("out.jpg")), "previous");
     EXPECT_EQ(dir.entries().size(), 3u); // no temporary file left
     // Reading the pixels again reports the same damage, not a library state error.
-    try {
-        c.invoke("Flip");
-        FAIL() << "the damaged pipeline was read without an error";
-    } catch (const ImagingError& e) {
-        EXPECT_EQ(e.code(), ErrorCode::DamagedImage) << e.what();
-    }
+    EXPECT_EQ(testsupport::imagingErrorOf([&] { c.invoke("Flip"); }).first,
+              ErrorCode::DamagedImage);
 }
 
-TEST(ImagingStreaming, ATargetThatCannotBeWrittenIsNotBlamedOnThePhoto) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("big.jpg"), 2000, 1500);
-    ImagingControl c;
-    c.setFileName(dir.str("big.jpg"));
-    c.resizeTo(400, 300, true);
+TEST_F(ImagingStreaming, ATargetThatCannotBeWrittenIsNotBlamedOnThePhoto) {
+    open(400, 300);
     c.setProperty("SaveFileName", dir.str("missing/out.jpg"));
-    try {
-        c.saveFile();
-        FAIL() << "saved into a folder that does not exist";
-    } catch (const ImagingError& e) {
-        EXPECT_EQ(e.code(), ErrorCode::CannotWrite) << e.what();
-    }
+    EXPECT_EQ(testsupport::imagingErrorOf([&] { c.saveFile(); }).first, ErrorCode::CannotWrite);
     saveAs(c, dir.str("out.png")); // the photo itself is fine
     EXPECT_EQ(VImage::new_from_file(dir.str("out.png").c_str()).width(), 400);
 }
 
-TEST(ImagingStreaming, SavingOverThePhotoItselfKeepsItsPixelsForLaterReads) {
-    TempDir dir;
-    testsupport::writeJpeg(dir.str("p.jpg"), 2000, 1500);
-    std::filesystem::copy_file(dir.path("p.jpg"), dir.path("copy.jpg"));
+TEST_F(ImagingStreaming, SavingOverThePhotoItselfKeepsItsPixelsForLaterReads) {
+    std::filesystem::copy_file(dir.path("big.jpg"), dir.path("copy.jpg"));
     ImagingControl other;
     other.setFileName(dir.str("copy.jpg"));
     other.resizeTo(400, 300, true);
     VImage expected = other.image();
-    ImagingControl c;
-    c.setFileName(dir.str("p.jpg"));
-    c.resizeTo(400, 300, true);
+    open(400, 300);
     ASSERT_TRUE(c.isStreamed());
-    saveAs(c, dir.str("p.jpg"));
-    EXPECT_EQ(VImage::new_from_file(dir.str("p.jpg").c_str()).width(), 400);
+    saveAs(c, dir.str("big.jpg"));
+    EXPECT_EQ(VImage::new_from_file(dir.str("big.jpg").c_str()).width(), 400);
     EXPECT_EQ(absDifference(expected, c.image()).max(), 0); // not the re-encoded file
 }

@@ -39,20 +39,16 @@ TEST(Area, RectangleIsClippedOrRefused) {
     fx::AreaRect clipped = fx::clipArea({200, 140, 500, 500}, 240, 160);
     EXPECT_EQ(clipped.width, 40);
     EXPECT_EQ(clipped.height, 20);
-    expectBadArgument(
-        [&] {
-            fx::applyInArea(in, {240, 0, 10, 10}, invert);
-        },
-        "Area", "lies outside the 240x160 image");
-    expectBadArgument(
-        [&] {
-            fx::applyInArea(in, {0, 0, -1, 10}, invert);
-        },
-        "Area", "width must be 0 to 2147483647");
     fx::AreaRect toEdges = fx::clipArea({40, 30, 0, 0}, 240, 160);
     EXPECT_EQ(toEdges.width, 200);
     EXPECT_EQ(toEdges.height, 130);
-    expectBadArgument([&] { fx::applyInArea(in, {-1, 0, 5, 10}, invert); }, "Area", "x must be");
+    const std::pair<fx::AreaRect, const char*> refused[] = {
+        {{240, 0, 10, 10}, "lies outside the 240x160 image"},
+        {{0, 0, -1, 10}, "width must be 0 to 2147483647"},
+        {{-1, 0, 5, 10}, "x must be"},
+    };
+    for (const auto& [rect, message] : refused)
+        expectBadArgument([&] { fx::applyInArea(in, rect, invert); }, "Area", message);
     expectBadArgument(
         [&] {
             fx::applyInArea(in, {0, 0, 50, 50}, [](const VImage& v) { return v.crop(0, 0, 5, 5); });
@@ -69,12 +65,8 @@ TEST(Merge, NormalStyleMixesByTheHighAndLowOpacity) {
     o.lowPercent = 10;
     EXPECT_NEAR(pixel(fx::Merge(image, white, o), 5, 5)[0], 177.5, 1); // white: 50%
     EXPECT_NEAR(pixel(fx::Merge(image, black, o), 5, 5)[0], 90, 1);    // black: 10%
-    expectBadArgument(
-        [&] {
-            o.highPercent = 101;
-            fx::Merge(image, white, o);
-        },
-        "Merge", "high must be 0 to 100");
+    o.highPercent = 101;
+    expectBadArgument([&] { fx::Merge(image, white, o); }, "Merge", "high must be 0 to 100");
 }
 
 TEST(Merge, SizeRulesPlaceTheClipboard) {
@@ -93,12 +85,8 @@ TEST(Merge, SizeRulesPlaceTheClipboard) {
     o.size = int(fx::MergeSize::Tile);
     VImage tiled = fx::Merge(image, clip.insert(flat(1, 1, 0, 0, 250), 3, 3), o);
     EXPECT_EQ(pixel(tiled, 43, 13)[2], 250); // the marked pixel repeats every 20 x 10
-    expectBadArgument(
-        [&] {
-            o.size = 4;
-            fx::Merge(image, clip, o);
-        },
-        "Merge", "size must be 0 to 3");
+    o.size = 4;
+    expectBadArgument([&] { fx::Merge(image, clip, o); }, "Merge", "size must be 0 to 3");
 }
 
 TEST(Merge, StylesAndTransparentColour) {
@@ -118,12 +106,8 @@ TEST(Merge, StylesAndTransparentColour) {
     EXPECT_EQ(fx::Merge(image, image, o).max(), 0);
     o.style = int(fx::MergeStyle::Multiply);
     EXPECT_EQ(maxDiff(fx::Merge(image, flat(240, 160, 255, 255, 255), o), image), 0);
-    expectBadArgument(
-        [&] {
-            o.style = 8;
-            fx::Merge(image, clip, o);
-        },
-        "Merge", "style must be 0 to 7");
+    o.style = 8;
+    expectBadArgument([&] { fx::Merge(image, clip, o); }, "Merge", "style must be 0 to 7");
     // Pixels of the transparent colour keep the current image.
     fx::MergeOptions keyed;
     keyed.transparent = true;

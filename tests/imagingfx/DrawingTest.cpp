@@ -50,10 +50,6 @@ TEST(Drawing, OnThePhoto) {
     EXPECT_EQ(pixel(out, 120, 80), kBluePixel);
     EXPECT_EQ(maxDiff(out.crop(0, 0, 240, 78), p.crop(0, 0, 240, 78)), 0);
     EXPECT_EQ(maxDiff(out.crop(0, 83, 240, 77), p.crop(0, 83, 240, 77)), 0);
-    st.font = {"DejaVu Sans", 12, false, false, false, false};
-    VImage text = fx::DrawText(p, st, 10, 100, "Photo", 0xFFFFFF);
-    EXPECT_GT(maxDiff(text.crop(10, 100, 60, 20), p.crop(10, 100, 60, 20)), 100);
-    EXPECT_EQ(maxDiff(text.crop(0, 0, 240, 95), p.crop(0, 0, 240, 95)), 0);
 }
 
 TEST(Drawing, CircleOutlineAndFillStyle) {
@@ -113,14 +109,11 @@ TEST(Drawing, PolygonTakesTwoToSixPoints) {
     EXPECT_EQ(pixel(tri, 50, 50), kBluePixel);
     EXPECT_EQ(pixel(tri, 10, 10), kGrey);
     EXPECT_EQ(pixel(tri, 50, 70), kRedPixel);
-    expectBadArgument(
-        [] {
-            fx::DrawPolygon(canvas(), fx::DrawState{}, {{1, 1}}, 0);
-        },
-        "DrawPolygon", "2 to 6 points (got 1)");
-    std::vector<fx::Point> seven(7, fx::Point{5, 5});
-    expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, seven, 0); }, "DrawPolygon",
-                      "(got 7)");
+    for (const int n : {1, 7}) {
+        const std::vector<fx::Point> points(size_t(n), fx::Point{5, 5});
+        expectBadArgument([&] { fx::DrawPolygon(canvas(), fx::DrawState{}, points, 0); },
+                          "DrawPolygon", "2 to 6 points (got " + std::to_string(n) + ")");
+    }
 }
 
 TEST(Drawing, DrawModesCombinePenAndPixel) {

@@ -13,53 +13,48 @@ protected:
     void SetUp() override {
         m_root = fs::temp_directory_path() / ("nativepath-" + std::to_string(::getpid()));
         fs::create_directories(m_root / "Data" / "Sub");
-        std::ofstream(m_root / "Data" / "Template.txt") << "x";
+        fs::create_directories(m_root / "Fötos");
+        for (const char* name :
+             {"Data/Template.txt", "Data/Exact.txt", "Data/exact.txt", "Fötos/Été.jpg"})
+            std::ofstream(m_root / name) << "x";
+        const char* home = std::getenv("HOME");
+        m_home = home ? home : "";
+        ::setenv("HOME", m_root.c_str(), 1);
     }
-    void TearDown() override { fs::remove_all(m_root); }
+    void TearDown() override {
+        ::setenv("HOME", m_home.c_str(), 1);
+        fs::remove_all(m_root);
+    }
     std::string backslash(const fs::path& p) { return NativePath::toBackslash(p); }
+    // "@" stands for the root of the test's folder.
+    std::string form(std::string text) {
+        return text.starts_with('@') ? backslash(m_root) + text.substr(1) : text;
+    }
+    fs::path native(const std::string& text) {
+        if (!text.starts_with('@')) return fs::path(text);
+        return text.size() == 1 ? m_root : m_root / text.substr(2);
+    }
     fs::path m_root;
+    std::string m_home;
 };
 
-TEST_F(NativePathTest, MixedSeparatorsAreAccepted) {
-    std::string mixed = m_root.string() + "\\Data/Template.txt";
-    EXPECT_EQ(NativePath::toNative(mixed), m_root / "Data" / "Template.txt");
-}
-
-TEST_F(NativePathTest, MissingPathIsMatchedWithoutRegardToCase) {
-    fs::path p = NativePath::toNative(backslash(m_root) + "\\data\\TEMPLATE.TXT");
-    EXPECT_EQ(p, m_root / "Data" / "Template.txt");
-}
-
-TEST_F(NativePathTest, CaseIsFoldedBeyondAscii) {
-    fs::create_directories(m_root / "Fötos");
-    std::ofstream(m_root / "Fötos" / "Été.jpg") << "x";
-    EXPECT_EQ(NativePath::toNative(backslash(m_root) + "\\FÖTOS\\été.JPG"),
-              m_root / "Fötos" / "Été.jpg");
-}
-
-TEST_F(NativePathTest, UnknownTailIsKeptAsWrittenForNewFiles) {
-    fs::path p = NativePath::toNative(backslash(m_root) + "\\DATA\\sub\\New\\out.JPG");
-    EXPECT_EQ(p, m_root / "Data" / "Sub" / "New" / "out.JPG");
-}
-
-TEST_F(NativePathTest, ExactMatchWinsOverCaseVariant) {
-    std::ofstream(m_root / "Data" / "template.txt") << "y";
-    EXPECT_EQ(NativePath::toNative(backslash(m_root / "Data" / "template.txt")),
-              m_root / "Data" / "template.txt");
-}
-
-TEST_F(NativePathTest, TildeIsTheHomeFolder) {
-    const char* old = std::getenv("HOME");
-    std::string saved = old ? old : "";
-    ::setenv("HOME", m_root.c_str(), 1);
-    EXPECT_EQ(NativePath::toNative("~\\Data\\Template.txt"), m_root / "Data" / "Template.txt");
-    EXPECT_EQ(NativePath::toNative("~"), m_root);
-    ::setenv("HOME", saved.c_str(), 1);
-}
-
-TEST_F(NativePathTest, RelativeAndEmptyPathsStayRelative) {
-    EXPECT_EQ(NativePath::toNative(""), fs::path());
-    EXPECT_EQ(NativePath::toNative("a\\b.jpg"), fs::path("a/b.jpg"));
+// Either separator, any case (beyond ASCII too), "~" for home; an exact match wins over a
+// variant in another case; what does not exist yet is kept as written, relative stays relative.
+TEST_F(NativePathTest, FormsReachTheFilesTheyName) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"@\\Data/Template.txt", "@/Data/Template.txt"},
+        {"@\\data\\TEMPLATE.TXT", "@/Data/Template.txt"},
+        {"@\\FÖTOS\\été.JPG", "@/Fötos/Été.jpg"},
+        {"@\\DATA\\sub\\New\\out.JPG", "@/Data/Sub/New/out.JPG"},
+        {"@\\Data\\exact.txt", "@/Data/exact.txt"},
+        {"@\\Data\\Exact.txt", "@/Data/Exact.txt"},
+        {"~\\Data\\Template.txt", "@/Data/Template.txt"},
+        {"~", "@"},
+        {"", ""},
+        {"a\\b.jpg", "a/b.jpg"},
+    };
+    for (const auto& [written, found] : cases)
+        EXPECT_EQ(NativePath::toNative(form(written)), native(found)) << written;
 }
 
 TEST_F(NativePathTest, ToBackslashRoundTrips) {
@@ -73,10 +68,6 @@ TEST_F(NativePathTest, AFileToWriteKeepsItsNameExactlyWhileFoldersAreFound) {
               m_root / "Data" / "template.TXT");
     EXPECT_EQ(NativePath::toNativeForWrite(backslash(m_root / "Data" / "Template.txt")),
               m_root / "Data" / "Template.txt");
-    const char* old = std::getenv("HOME");
-    std::string saved = old ? old : "";
-    ::setenv("HOME", m_root.c_str(), 1);
     EXPECT_EQ(NativePath::toNativeForWrite("~\\DATA\\new.jpg"), m_root / "Data" / "new.jpg");
-    ::setenv("HOME", saved.c_str(), 1);
     EXPECT_EQ(NativePath::toNativeForWrite("Out.JPG"), fs::path("Out.JPG"));
 }

@@ -76,16 +76,14 @@ TEST_F(InstalledLibrary, SurvivesReset) {
     EXPECT_EQ(eval(u"TypeName(CreateObject(\"Scripting.Dictionary\"))").toString(), u"Dictionary");
 }
 
+// (TypeName of InStr, Year and Split: the golden scripts.)
 TEST_F(InstalledLibrary, ResultsKeepTheirSubtypes) {
-    EXPECT_EQ(eval(u"InStr(\"abc\", \"c\")").type(), VarType::Long);
     EXPECT_EQ(eval(u"Len(\"abc\")").type(), VarType::Long);
     EXPECT_EQ(eval(u"AscW(\"a\")").type(), VarType::Integer);
-    EXPECT_EQ(eval(u"Year(Now)").type(), VarType::Integer);
     EXPECT_EQ(eval(u"DateSerial(2003, 1, 2)").type(), VarType::Date);
     EXPECT_DOUBLE_EQ(eval(u"DateSerial(2003, 1, 2)").rawDate(), 37623);
     EXPECT_EQ(eval(u"CCur(1.5)").rawCurrency(), 15000);
     EXPECT_EQ(eval(u"Fix(CSng(2.5))").type(), VarType::Single);
-    EXPECT_EQ(eval(u"Split(\"a b\")").type(), VarType(0x200C));
 }
 
 TEST_F(InstalledLibrary, ErrorsCarryNumberAndMessage) {

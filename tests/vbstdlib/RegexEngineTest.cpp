@@ -1,4 +1,6 @@
-// Regular expressions: JScript's pattern reading on PCRE2, global matching and $-replacement.
+// Regular expressions: JScript's pattern reading on PCRE2, global matching and $-replacement
+// (what a script sees of them through RegExp, its flags, matches and $n, $& and $$: the golden
+// regexp script).
 #include "RegexEngine.h"
 
 #include <gtest/gtest.h>
@@ -21,25 +23,8 @@ bool test(std::u16string_view pattern, std::u16string_view subject, bool ignoreC
 
 } // namespace
 
-TEST(RegexEngine, MatchesWithGroups) {
-    auto program = re(u"(\\d+)-(\\d+)");
-    const auto matches = program->matchAll(u"10-20 and 300-4", true);
-    ASSERT_EQ(matches.size(), 2u);
-    EXPECT_EQ(matches[0].whole.index, 0u);
-    EXPECT_EQ(matches[0].whole.length, 5u);
-    EXPECT_EQ(matches[1].whole.index, 10u);
-    ASSERT_EQ(matches[1].groups.size(), 2u);
-    EXPECT_EQ(matches[1].groups[0]->index, 10u);
-    EXPECT_EQ(matches[1].groups[1]->length, 1u);
-    EXPECT_EQ(program->matchAll(u"10-20 and 300-4", false).size(), 1u);
-    EXPECT_TRUE(program->matchAll(u"none", true).empty());
-}
-
 TEST(RegexEngine, Options) {
     EXPECT_FALSE(test(u"abc", u"xABCx"));
-    EXPECT_TRUE(test(u"abc", u"xABCx", true));
-    EXPECT_FALSE(test(u"^b", u"a\nb"));
-    EXPECT_TRUE(test(u"^b", u"a\nb", false, true));
     EXPECT_TRUE(test(u"a$", u"a\r\nb", false, true));
     EXPECT_FALSE(test(u"a$", u"a\n")); // "$" is the very end unless multi-line
     EXPECT_FALSE(test(u"a.b", u"a\nb"));
@@ -50,12 +35,7 @@ TEST(RegexEngine, Options) {
 }
 
 TEST(RegexEngine, UnmatchedGroupsAndEmptyMatches) {
-    auto alt = re(u"(a)|(b)");
-    const auto m = alt->matchFrom(u"b", 0);
-    ASSERT_TRUE(m);
-    EXPECT_FALSE(m->groups[0]);
-    EXPECT_TRUE(m->groups[1]);
-    EXPECT_EQ(alt->replace(u"b", u"[$1|$2]", true), u"[|b]");
+    EXPECT_EQ(re(u"(a)|(b)")->replace(u"b", u"[$1|$2]", true), u"[|b]");
     auto star = re(u"x*");
     EXPECT_EQ(star->matchAll(u"abc", true).size(), 4u);
     EXPECT_EQ(star->replace(u"abc", u"-", true), u"-a-b-c-");
@@ -64,9 +44,6 @@ TEST(RegexEngine, UnmatchedGroupsAndEmptyMatches) {
 
 TEST(RegexEngine, ReplacementForms) {
     auto swap = re(u"(\\w+) (\\w+)");
-    EXPECT_EQ(swap->replace(u"one two three four", u"$2 $1", true), u"two one four three");
-    EXPECT_EQ(swap->replace(u"one two three four", u"$2 $1", false), u"two one three four");
-    EXPECT_EQ(swap->replace(u"a b", u"<$&>", true), u"<a b>");
     EXPECT_EQ(swap->replace(u"a b", u"$$1", true), u"$1");
     EXPECT_EQ(swap->replace(u"a b", u"$0 $3 $", true), u"$0 $3 $");
     EXPECT_EQ(swap->replace(u"a b", u"$11", true), u"a1"); // no group 11: group 1, then "1"

