@@ -88,6 +88,11 @@ struct CallExpr : Expr {
     // directArgs, and every argument is a local or a parameter without parentheses: the call
     // passes pointers to them and evaluates nothing.
     bool variableArgs = false;
+    // a(i) with a a local and i a local or a literal, read as an item when a holds an array:
+    // their slots, found when the evaluator is chosen (itemIndex -1: the index is the literal
+    // *itemIndexLiteral; itemArray -1: another shape).
+    mutable int32_t itemArray = -1, itemIndex = -1;
+    mutable const Value* itemIndexLiteral = nullptr;
 };
 
 struct MemberExpr : Expr {
@@ -158,7 +163,13 @@ struct AssignStmt : Stmt {
     bool isMid = false;           // the Mid statement: Mid(var, start[, length]) = text
     bool appendsToTarget = false; // "s = s & x & y": appended in place
     std::vector<const Expr*> appendPieces; // x, y
-    mutable int64_t lastItem = 0;          // a(i) = literal: the i of the last run, for its stride
+    // a(i) = literal with a a local, i a local or a literal: what the executor reads, found
+    // when it is chosen (itemIndex -1: the index is the literal *itemIndexLiteral), and the i of
+    // the last run, for its stride.
+    mutable int32_t itemArray = -1, itemIndex = -1;
+    mutable const Value* itemIndexLiteral = nullptr;
+    mutable const Value* itemValue = nullptr;
+    mutable int64_t lastItem = 0;
 };
 
 struct IfStmt : Stmt {

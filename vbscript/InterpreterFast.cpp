@@ -306,15 +306,11 @@ struct Engine::Fast {
     static Flow assignLocalItemLiteral(Engine& en, const Stmt* s)
     {
         const auto* a = static_cast<const AssignStmt*>(s);
-        const auto* c = static_cast<const CallExpr*>(a->target.get());
         const Frame* const frame = en.m_frame;
-        const Value& var = frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+        const Value& var = frame->vars[a->itemArray];
         if (!var.isArray())
             return assignItemOutOfLine(en, s);
-        const Expr* ie = c->args[0].get();
-        const Value& iv = ie->kind == ExprKind::Local
-            ? frame->vars[static_cast<const NameExpr*>(ie)->slot]
-            : static_cast<const LiteralExpr*>(ie)->value;
+        const Value& iv = a->itemIndex >= 0 ? frame->vars[a->itemIndex] : *a->itemIndexLiteral;
         int64_t i;
         if (iv.type() == VarType::Long)
             i = iv.rawLong();
@@ -323,16 +319,16 @@ struct Engine::Fast {
         else
             return assignItemOutOfLine(en, s);
         ArrayRep* rep = var.array();
-        if (rep->counts.size() != 1 || uint64_t(i) >= uint64_t(rep->counts[0]) || rep->refs != 1 || !rep->plain)
+        if (uint64_t(i) >= uint64_t(rep->length) || rep->refs != 1 || !rep->plain)
             return assignItemOutOfLine(en, s);
         // The item sixteen strides ahead (the stride as this statement last moved) is fetched
         // early: a loop stepping through a big array then finds its items in the cache rather
         // than waiting on memory for each.
         const int64_t next = i + 16 * (i - a->lastItem);
         a->lastItem = i;
-        if (uint64_t(next) < uint64_t(rep->counts[0]))
+        if (uint64_t(next) < uint64_t(rep->length))
             __builtin_prefetch(&rep->items[size_t(next)], 1);
-        ValueAccess::copyPlain(rep->items[size_t(i)], static_cast<const LiteralExpr*>(a->value.get())->value);
+        ValueAccess::copyPlain(rep->items[size_t(i)], *a->itemValue);
         return Flow::Normal;
     }
     [[gnu::noinline]] static Flow assignItemOutOfLine(Engine& en, const Stmt* s) { return assignItem(en, s); }
@@ -418,8 +414,15 @@ struct Engine::Fast {
                 const Expr& value = *a.value;
                 if (v == ExprKind::Local && (i == ExprKind::Local || i == ExprKind::Literal)
                     && value.kind == ExprKind::Literal
-                    && !static_cast<const LiteralExpr&>(value).value.isRefCounted())
+                    && !static_cast<const LiteralExpr&>(value).value.isRefCounted()) {
+                    a.itemArray = static_cast<const NameExpr&>(*c.target).slot;
+                    if (i == ExprKind::Local)
+                        a.itemIndex = static_cast<const NameExpr&>(*c.args[0]).slot;
+                    else
+                        a.itemIndexLiteral = &static_cast<const LiteralExpr&>(*c.args[0]).value;
+                    a.itemValue = &static_cast<const LiteralExpr&>(value).value;
                     return &assignLocalItemLiteral;
+                }
                 return &assignItem;
             }
         }
@@ -572,29 +575,22 @@ const Value* Engine::peek(const Expr* e)
     default: return nullptr;
     }
     // a(i) for a local a, as callVariable reads it, when nothing has to run to find the item.
-    if (e->evaluate != &Fast::callVariable)
-        return nullptr;
     const auto* c = static_cast<const CallExpr*>(e);
-    const Expr* ie = c->args[0].get();
-    const Value* iv;
-    if (ie->kind == ExprKind::Local)
-        iv = &m_frame->vars[static_cast<const NameExpr*>(ie)->slot];
-    else if (ie->kind == ExprKind::Literal)
-        iv = &static_cast<const LiteralExpr*>(ie)->value;
-    else
+    if (c->itemArray < 0)
         return nullptr;
+    const Value* iv = c->itemIndex >= 0 ? &m_frame->vars[c->itemIndex] : c->itemIndexLiteral;
     if (!isInt(iv->type()))
         return nullptr;
-    const Value& var = m_frame->vars[static_cast<const NameExpr*>(c->target.get())->slot];
+    const Value& var = m_frame->vars[c->itemArray];
     if (!var.isArray())
         return nullptr;
     const ArrayRep* rep = var.array();
+    const int64_t i = rawInt(*iv);
+    if (uint64_t(i) < uint64_t(rep->length))
+        return &rep->items[size_t(i)];
     if (rep->counts.size() != 1)
         return nullptr;
-    const int64_t i = rawInt(*iv);
-    if (i < 0 || i >= rep->counts[0])
-        raise(ErrorCode::SubscriptOutOfRange);
-    return &rep->items[size_t(i)];
+    raise(ErrorCode::SubscriptOutOfRange);
 }
 
 namespace {
@@ -679,8 +675,17 @@ EvalFn Engine::evaluatorFor(const Expr& e)
     case ExprKind::Call: {
         const auto& c = static_cast<const CallExpr&>(e);
         const ExprKind t = c.target->kind;
-        if (c.args.size() == 1 && c.args[0] && t == ExprKind::Local)
+        if (c.args.size() == 1 && c.args[0] && t == ExprKind::Local) {
+            const Expr& index = *c.args[0];
+            if (index.kind == ExprKind::Local || index.kind == ExprKind::Literal) {
+                c.itemArray = static_cast<const NameExpr&>(*c.target).slot;
+                if (index.kind == ExprKind::Local)
+                    c.itemIndex = static_cast<const NameExpr&>(index).slot;
+                else
+                    c.itemIndexLiteral = &static_cast<const LiteralExpr&>(index).value;
+            }
             return &Fast::callVariable;
+        }
         if (t == ExprKind::Global)
             return &evalGlobalCall;
         return &evalGeneral;

@@ -25,6 +25,7 @@ namespace vbs {
     frame.me = me;
     frame.chunk = proc->chunk;
     if (!args) {
+        // Bound by the caller.
     } else if (proc->allByRef) {
         for (size_t i = 0; i < np; ++i)
             frame.refs[i] = args[i];

@@ -47,6 +47,7 @@ Value Value::makeArray(std::vector<int32_t> counts)
         }
         total *= size_t(c);
     }
+    rep->length = counts.size() == 1 ? counts[0] : 0;
     rep->counts = std::move(counts);
     reserveItems(rep->items, total);
     rep->items.resize(total);
@@ -58,6 +59,7 @@ Value Value::makeArray(std::vector<Value> items)
     auto* rep = new ArrayRep;
     rep->plain = false;
     rep->counts = {int32_t(items.size())};
+    rep->length = rep->counts[0];
     rep->items = std::move(items);
     return ValueAccess::fromArrayRep(rep);
 }
@@ -71,7 +73,7 @@ void Value::releaseArray() noexcept
 ArrayRep* ValueAccess::copyArray(Value& v)
 {
     ArrayRep*& a = v.m_u.a;
-    auto* copy = new ArrayRep{1, a->fixed, 0, a->plain, a->counts, a->items};
+    auto* copy = new ArrayRep{1, a->fixed, 0, a->plain, a->counts, a->items, a->length};
     --a->refs;
     a = copy;
     return a;

@@ -57,6 +57,8 @@ struct ArrayRep {
     bool plain = true;
     std::vector<int32_t> counts; // elements per dimension (upper bound + 1)
     std::vector<Value> items;
+    // counts[0] of a one-dimensional array, 0 for any other shape: a(i) tests one number.
+    int32_t length = 0;
 };
 
 class Value {
