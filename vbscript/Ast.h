@@ -86,8 +86,10 @@ struct CallExpr : Expr {
     static constexpr size_t kMaxDirectArgs = 6;
     bool directArgs = false;
     // directArgs, and every argument is a local or a parameter without parentheses: the call
-    // passes pointers to them and evaluates nothing.
+    // passes pointers to them and evaluates nothing. argSlots: the slot of each, a local's as
+    // it is, a ByRef parameter's complemented (~slot).
     bool variableArgs = false;
+    int32_t argSlots[kMaxDirectArgs] = {};
     // a(i) with a a local and i a local or a literal, read as an item when a holds an array:
     // their slots, found when the evaluator is chosen (itemIndex -1: the index is the literal
     // *itemIndexLiteral; itemArray -1: another shape).

@@ -92,8 +92,8 @@ struct Engine::DirectArgs {
         Frame* const frame = en.m_frame;
         if (c->variableArgs) {
             for (size_t i = 0; i < n; ++i) {
-                const auto* a = static_cast<const NameExpr*>(argv[i].get());
-                ptrs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
+                const int32_t k = c->argSlots[i];
+                ptrs[i] = k >= 0 ? &frame->vars[k] : frame->refs[~k];
             }
         } else {
             // An argument that raises leaves no constructed object behind to run the destructor:
@@ -150,13 +150,12 @@ struct Engine::DirectArgs {
     if (c->variableArgs && proc->allByRef) {
         // Nothing is evaluated, so the pointers go where the frame will look for them (the
         // reference stack has room for them past its end; runProcedure checks the depth).
-        const size_t n = c->args.size();
-        const ExprPtr* argv = c->args.data();
+        const size_t n = proc->paramCount; // the caller has checked that it is c's count
         Frame* const frame = m_frame;
         Value** refs = &m_refStack[m_rsp];
         for (size_t i = 0; i < n; ++i) {
-            const auto* a = static_cast<const NameExpr*>(argv[i].get());
-            refs[i] = a->kind == ExprKind::Local ? &frame->vars[a->slot] : frame->refs[a->slot];
+            const int32_t k = c->argSlots[i];
+            refs[i] = k >= 0 ? &frame->vars[k] : frame->refs[~k];
         }
         frame->node = c;
         return runProcedure(proc, nullptr, nullptr);

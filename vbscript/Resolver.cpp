@@ -264,6 +264,12 @@ private:
                     c->variableArgs = false;
             }
             c->variableArgs = c->variableArgs && c->directArgs;
+            if (c->variableArgs) {
+                for (size_t i = 0; i < c->args.size(); ++i) {
+                    const auto* a = static_cast<const NameExpr*>(c->args[i].get());
+                    c->argSlots[i] = a->kind == ExprKind::Local ? a->slot : ~a->slot;
+                }
+            }
             return;
         }
         case ExprKind::Member:
