@@ -39,12 +39,32 @@ size_t nativeStackBudget(char* here)
 
 void registerCoreBuiltins(Engine& engine);
 
+ValueStack::ValueStack(size_t capacity)
+    : m_items(static_cast<Value*>(::operator new(capacity * sizeof(Value)))), m_capacity(capacity)
+{
+}
+
+ValueStack::~ValueStack()
+{
+    std::destroy_n(m_items, m_built);
+    ::operator delete(m_items);
+}
+
+bool ValueStack::build(size_t n)
+{
+    if (n > m_capacity)
+        return false;
+    // A page's worth at least, so that a deepening recursion does not come here on every call.
+    const size_t to = std::min(m_capacity, std::max(n, m_built + 256));
+    std::uninitialized_value_construct(m_items + m_built, m_items + to);
+    m_built = to;
+    return true;
+}
+
 Engine::Engine(ScriptControl& control)
-    : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>())
+    : m_control(control), m_host(&defaultHost()), m_err(makeRef<ErrObject>()), m_stack(kValueStackSize)
 {
     m_globalScope = makeRef<GlobalScope>(*this); // after m_alive, which it shares
-    m_stack.reset(new Value[kValueStackSize]);
-    m_stackSize = kValueStackSize;
     // Room past the end for the arguments a direct call binds before the depth is checked.
     m_refStack.reset(new Value*[kRefStackSize + CallExpr::kMaxDirectArgs]);
     registerCoreBuiltins(*this);
@@ -227,10 +247,10 @@ void Engine::growFrame(Frame& frame)
     const size_t want = frame.proc ? size_t(frame.proc->localCount) : 0;
     if (want <= frame.size || !frame.vars)
         return;
-    if (frame.vars + frame.size != m_stack.get() + m_sp)
+    if (frame.vars + frame.size != m_stack.data() + m_sp)
         raise(ErrorCode::InternalError);
     const size_t extra = want - frame.size;
-    if (m_sp + extra > m_stackSize)
+    if (m_sp + extra > m_stack.built() && !m_stack.build(m_sp + extra))
         raise(ErrorCode::OutOfStackSpace);
     m_sp += extra;
     frame.size = want;

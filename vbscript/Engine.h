@@ -61,6 +61,25 @@ private:
     size_t m_size = 0;
 };
 
+// The locals of all active procedures. Reserved once, since frames and ByRef arguments point into
+// it, but built only as deep as calls have gone: a new engine touches none of its memory.
+class ValueStack {
+public:
+    explicit ValueStack(size_t capacity);
+    ~ValueStack();
+    ValueStack(const ValueStack&) = delete;
+    ValueStack& operator=(const ValueStack&) = delete;
+    Value* data() const { return m_items; }
+    size_t built() const { return m_built; }
+    // Makes the first n slots usable (Empty); false when n is past the capacity.
+    bool build(size_t n);
+
+private:
+    Value* m_items;
+    size_t m_built = 0;
+    size_t m_capacity;
+};
+
 // One activation of a procedure (or of top-level code).
 struct Frame {
     Procedure* proc = nullptr;
@@ -193,6 +212,7 @@ private:
     std::shared_ptr<Program> compile(std::u16string_view code, bool expression, Procedure* scope);
     void runTopLevel(const std::shared_ptr<Program>& program, bool inCallerFrame);
     void growFrame(Frame& frame);
+    [[gnu::noinline]] void deepen(size_t n, size_t np);
     void checkStack()
     {
         char probe;
@@ -345,8 +365,7 @@ private:
     std::vector<String> m_chunkSources;
     std::vector<std::vector<int>> m_chunkContinued; // per chunk: lines continuing a " _" line
 
-    std::unique_ptr<Value[]> m_stack;
-    size_t m_stackSize = 0;
+    ValueStack m_stack;
     size_t m_sp = 0;
     std::unique_ptr<Value*[]> m_refStack;
     size_t m_rsp = 0;

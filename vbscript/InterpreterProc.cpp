@@ -7,6 +7,14 @@ namespace vbs {
 
 [[noreturn]] void raiseNamed(ErrorCode code, const String& name);
 
+// Room for a frame of n locals and np ByRef parameters past the running ones: built when the
+// value stack has not been this deep yet, 28 when either stack is full.
+void Engine::deepen(size_t n, size_t np)
+{
+    if (m_rsp + np > (size_t(1) << 15) || !m_stack.build(m_sp + n))
+        raise(ErrorCode::OutOfStackSpace);
+}
+
 // Runs proc in a new frame on the value stack. args holds one pointer per parameter: a ByRef
 // parameter refers to it, a ByVal one copies it. Null args: the caller has put the pointers of a
 // procedure whose parameters are all ByRef straight into the reference slots of the new frame.
@@ -15,11 +23,11 @@ namespace vbs {
     checkStack();
     tick();
     const size_t n = size_t(proc->localCount), np = proc->paramCount;
-    if (m_sp + n > m_stackSize || m_rsp + np > (size_t(1) << 15))
-        raise(ErrorCode::OutOfStackSpace);
+    if (m_sp + n > m_stack.built() || m_rsp + np > (size_t(1) << 15)) [[unlikely]]
+        deepen(n, np);
     Frame frame;
     frame.proc = proc;
-    frame.vars = &m_stack[m_sp];
+    frame.vars = m_stack.data() + m_sp;
     frame.size = n;
     frame.refs = &m_refStack[m_rsp];
     frame.me = me;
