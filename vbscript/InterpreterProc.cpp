@@ -99,10 +99,7 @@ struct Engine::DirectArgs {
         const ExprPtr* argv = c->args.data();
         Frame* const frame = en.m_frame;
         if (c->variableArgs) {
-            for (size_t i = 0; i < n; ++i) {
-                const int32_t k = c->argSlots[i];
-                ptrs[i] = k >= 0 ? &frame->vars[k] : frame->refs[~k];
-            }
+            bindVariables(c, frame, ptrs, n);
         } else {
             // An argument that raises leaves no constructed object behind to run the destructor:
             // the temporaries built before it are released here.
@@ -114,6 +111,14 @@ struct Engine::DirectArgs {
             }
         }
         en.m_frame->node = c;
+    }
+    // The arguments of a call with variableArgs: pointers to the variables themselves.
+    [[gnu::always_inline]] static void bindVariables(const CallExpr* c, Frame* frame, Value** out, size_t n)
+    {
+        for (size_t i = 0; i < n; ++i) {
+            const int32_t k = c->argSlots[i];
+            out[i] = k >= 0 ? &frame->vars[k] : frame->refs[~k];
+        }
     }
     [[gnu::always_inline]] void bindValues(Engine& en, const ExprPtr* argv, size_t n, Frame* frame)
     {
@@ -158,14 +163,9 @@ struct Engine::DirectArgs {
     if (c->variableArgs && proc->allByRef) {
         // Nothing is evaluated, so the pointers go where the frame will look for them (the
         // reference stack has room for them past its end; runProcedure checks the depth).
-        const size_t n = proc->paramCount; // the caller has checked that it is c's count
-        Frame* const frame = m_frame;
-        Value** refs = &m_refStack[m_rsp];
-        for (size_t i = 0; i < n; ++i) {
-            const int32_t k = c->argSlots[i];
-            refs[i] = k >= 0 ? &frame->vars[k] : frame->refs[~k];
-        }
-        frame->node = c;
+        // The caller has checked that c has as many arguments as proc has parameters.
+        DirectArgs::bindVariables(c, m_frame, &m_refStack[m_rsp], proc->paramCount);
+        m_frame->node = c;
         return runProcedure(proc, nullptr, nullptr);
     }
     const DirectArgs args(*this, c);
